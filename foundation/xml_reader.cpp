@@ -1,0 +1,113 @@
+#include "foundation/xml_reader.hpp"
+
+#include <array>
+#include <boost/numeric/conversion/cast.hpp>
+#include <exception>
+#include <expat.h>
+#include <memory>
+#include <type_traits>
+
+namespace fl::xml {
+
+namespace {
+
+struct parser_closer {
+    void operator()(XML_Parser parser) const noexcept { XML_ParserFree(parser); }
+};
+using parser_handle = std::unique_ptr<std::remove_pointer_t<XML_Parser>, parser_closer>;
+
+/// What Expat's callbacks share; an exception must not cross its frames.
+struct session {
+    XML_Parser parser;
+    event_sink & sink;
+    std::exception_ptr failure;
+    bool stopped = false;
+
+    template <class Event>
+    static void deliver(void * user_data, Event event) {
+        auto & self = *static_cast<session *>(user_data);
+        // Expat still reports the end of an empty element at whose start it was stopped.
+        if (self.stopped) {
+            return;
+        }
+        try {
+            self.stopped = !event(self.sink);
+        } catch (...) {
+            self.failure = std::current_exception();
+            self.stopped = true;
+        }
+        if (self.stopped) {
+            XML_StopParser(self.parser, XML_FALSE);
+        }
+    }
+};
+
+void XMLCALL declaration(void * user_data, char const * version, char const * encoding, int) {
+    // Expat reports the text declarations of external entities here too, which have no version.
+    if (version != nullptr) {
+        session::deliver(user_data,
+                         [=](event_sink & sink) { return sink.on_declaration(version, encoding); });
+    }
+}
+
+void XMLCALL start_element(void * user_data, char const * name, char const ** attributes) {
+    session::deliver(user_data, [=](event_sink & sink) { return sink.on_start_element(name, attributes); });
+}
+
+void XMLCALL end_element(void * user_data, char const * name) {
+    session::deliver(user_data, [=](event_sink & sink) { return sink.on_end_element(name); });
+}
+
+void XMLCALL character_data(void * user_data, char const * text, int length) {
+    session::deliver(user_data, [=](event_sink & sink) {
+        return sink.on_character_data({text, static_cast<std::size_t>(length)});
+    });
+}
+
+read_result malformed(XML_Parser parser) {
+    return {read_status::malformed, static_cast<int>(XML_GetErrorCode(parser)),
+            XML_GetCurrentLineNumber(parser), XML_GetCurrentColumnNumber(parser)};
+}
+
+} // namespace
+
+char const * find_attribute(char const ** attributes, std::string_view name) {
+    char const * value = nullptr;
+    for (; *attributes != nullptr && (value == nullptr || *value == '\0'); attributes += 2) {
+        if (*attributes == name) {
+            value = attributes[1];
+        }
+    }
+    return value;
+}
+
+read_result read_document(std::FILE * file, char const * forced_encoding, event_sink & sink) {
+    parser_handle const parser(XML_ParserCreate(forced_encoding));
+    if (!parser) {
+        return {read_status::no_parser};
+    }
+    session state{parser.get(), sink, nullptr, false};
+    XML_SetUserData(parser.get(), &state);
+    XML_SetXmlDeclHandler(parser.get(), declaration);
+    XML_SetElementHandler(parser.get(), start_element, end_element);
+    XML_SetCharacterDataHandler(parser.get(), character_data);
+
+    std::array<char, 1024> block;
+    for (bool last = false; !last;) {
+        std::size_t const length = std::fread(block.data(), 1, block.size(), file);
+        if (std::ferror(file)) {
+            return {read_status::read_failed};
+        }
+        last = length < block.size();
+        auto const status = XML_Parse(parser.get(), block.data(), boost::numeric_cast<int>(length), last);
+        if (state.failure) {
+            std::rethrow_exception(state.failure);
+        }
+        if (status != XML_STATUS_OK) {
+            return malformed(parser.get());
+        }
+    }
+    return {};
+}
+
+} // namespace fl::xml

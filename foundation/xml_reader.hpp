@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdio>
+#include <string_view>
+
+/// Reading an XML document as events, over Expat.
+namespace fl::xml {
+
+/// Receives the events of one document. An operation that returns false stops the reading.
+///
+/// Texts are UTF-8 and live only during the call. An operation may throw: the reading stops and the exception
+/// leaves `read_document`.
+class event_sink {
+public:
+    virtual ~event_sink() = default;
+
+    /// `encoding` is null when the declaration names none.
+    virtual bool on_declaration(char const * version, char const * encoding) = 0;
+    /// `attributes` alternates names and values and ends with a null.
+    virtual bool on_start_element(char const * name, char const ** attributes) = 0;
+    virtual bool on_end_element(char const * name) = 0;
+    virtual bool on_character_data(std::string_view text) = 0;
+};
+
+enum class read_status { complete, no_parser, read_failed, malformed };
+
+/// How the reading of a document ended; for a malformed one with Expat's error code and the position, where
+/// lines count from 1 and columns (in bytes) from 0. A document that the sink stopped counts as malformed.
+struct read_result {
+    read_status status = read_status::complete;
+    int error_code = 0;
+    unsigned long line = 0;
+    unsigned long column = 0;
+};
+
+/// Returns the first non-empty value of an attribute, else an empty one; null when the element has no such
+/// attribute.
+///
+/// `attributes` alternates names and values and ends with a null.
+char const * find_attribute(char const ** attributes, std::string_view name);
+
+/// Reads the document in `file`, from its current position to its end, in blocks of 1024 bytes.
+///
+/// `forced_encoding` overrides what the document declares; null honours the declaration and the byte-order
+/// mark.
+read_result read_document(std::FILE * file, char const * forced_encoding, event_sink & sink);
+
+} // namespace fl::xml
