@@ -1,0 +1,249 @@
+#include "locale/lc_tables.hpp"
+
+#include "foundation/ascii.hpp"
+#include "locale/builtin_tables.hpp"
+#include "locale/classic_name.hpp"
+#include "locale/locale_name.hpp"
+
+#include <algorithm>
+
+namespace fl::i18n::lcmgmt {
+
+namespace {
+
+builtin_locale const * find_builtin_locale(std::string_view name) {
+    auto const rows = builtin_locales();
+    auto const found =
+        std::lower_bound(rows.begin(), rows.end(), name,
+                         [](builtin_locale const & row, std::string_view n) { return row.name < n; });
+    return found != rows.end() && found->name == name ? &*found : nullptr;
+}
+
+builtin_encoding const * find_builtin_encoding(std::string_view name) {
+    auto const rows = builtin_encodings();
+    auto const found = std::find_if(rows.begin(), rows.end(), [&](builtin_encoding const & row) {
+        return ascii::equal_ignoring_case(row.name, name);
+    });
+    return found != rows.end() ? &*found : nullptr;
+}
+
+template <class Equal>
+std::string_view find_builtin_alias(std::span<builtin_alias const> rows, std::string_view alias,
+                                    Equal equal) {
+    auto const found = std::find_if(rows.begin(), rows.end(),
+                                    [&](builtin_alias const & row) { return equal(row.alias, alias); });
+    return found != rows.end() ? found->name : std::string_view();
+}
+
+template <class Map>
+std::string_view value_of(Map const & map, std::string_view key) {
+    auto const found = map.find(key);
+    return found != map.end() ? std::string_view(found->second) : std::string_view();
+}
+
+bool is_usable_locale_name(std::string_view name) {
+    return !name.empty() && is_valid_locale_name(name);
+}
+
+} // namespace
+
+bool is_safe_encoding_name(std::string_view name) {
+    return !name.empty() && name.find("..") == std::string_view::npos &&
+           std::all_of(name.begin(), name.end(),
+                       [](char c) { return c >= ' ' && c <= '~' && c != '/' && c != '\\'; });
+}
+
+bool lc_tables::less_ignoring_case::operator()(std::string_view a, std::string_view b) const {
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+        return ascii::to_lower(x) < ascii::to_lower(y);
+    });
+}
+
+std::optional<locale_data> lc_tables::find_locale(std::string_view name) const {
+    if (auto const own = locales_.find(name); own != locales_.end()) {
+        return locale_data{own->second.encoding, own->second.xpg_name};
+    }
+    if (builtin_locale const * const row = find_builtin_locale(name)) {
+        return locale_data{row->encoding, row->xpg_name};
+    }
+    return std::nullopt;
+}
+
+std::string_view lc_tables::find_locale_option(std::string_view name, std::string_view option) const {
+    auto const own = locales_.find(name);
+    return own != locales_.end() ? value_of(own->second.options, option) : std::string_view();
+}
+
+std::string_view lc_tables::find_locale_alias(std::string_view alias) const {
+    std::string_view const own = value_of(locale_aliases_, alias);
+    return own.empty() ? find_builtin_alias(builtin_locale_aliases(), alias, std::equal_to<>()) : own;
+}
+
+std::string_view lc_tables::find_region_alias(std::string_view alias) const {
+    return value_of(region_aliases_, alias);
+}
+
+std::string lc_tables::resolve_locale(std::string_view name) const {
+    if (std::string_view const target = find_locale_alias(name); !target.empty()) {
+        return std::string(target);
+    }
+    if (find_locale(name)) {
+        return std::string(name);
+    }
+    if (std::string_view const target = find_region_alias(name); !target.empty()) {
+        return std::string(target);
+    }
+    std::string const plain = without_codeset(name);
+    return plain.size() < name.size() ? resolve_locale(plain) : std::string();
+}
+
+std::optional<encoding_data> lc_tables::find_encoding(std::string_view name) const {
+    if (auto const own = encodings_.find(name); own != encodings_.end()) {
+        return encoding_data{own->second.name, own->second.jvm_name, own->second.compat};
+    }
+    if (builtin_encoding const * const row = find_builtin_encoding(name)) {
+        return encoding_data{row->name, row->jvm_name, row->compat};
+    }
+    return std::nullopt;
+}
+
+std::string_view lc_tables::find_encoding_alias(std::string_view alias) const {
+    std::string_view const own = value_of(encoding_aliases_, alias);
+    return own.empty() ? find_builtin_alias(builtin_encoding_aliases(), alias, ascii::equal_ignoring_case)
+                       : own;
+}
+
+std::optional<encoding_data> lc_tables::resolve_encoding(std::string_view name) const {
+    std::string_view const target = find_encoding_alias(name);
+    return find_encoding(target.empty() ? name : target);
+}
+
+lc_tables::locale_entry * lc_tables::own_locale(std::string const & name) {
+    auto const data = find_locale(name);
+    if (!data) {
+        return nullptr;
+    }
+    locale_entry copy{std::string(data->encoding), std::string(data->xpg_name), {}};
+    return &locales_.try_emplace(name, std::move(copy)).first->second;
+}
+
+lc_tables::encoding_entry * lc_tables::own_encoding(std::string const & name) {
+    auto const data = find_encoding(name);
+    if (!data) {
+        return nullptr;
+    }
+    encoding_entry copy{std::string(data->name), std::string(data->jvm_name), std::string(data->compat)};
+    return &encodings_.try_emplace(name, std::move(copy)).first->second;
+}
+
+int lc_tables::modifyLcEntry(std::string const & name, std::string const & encoding,
+                             std::string const & xpg_name) {
+    if (!is_usable_locale_name(name) || (!encoding.empty() && !is_safe_encoding_name(encoding))) {
+        return table_invalid_name;
+    }
+    locales_.insert_or_assign(
+        name, locale_entry{encoding.empty() ? std::string(classic_encoding) : encoding, xpg_name, {}});
+    return table_modified;
+}
+
+int lc_tables::modifyDefEncoding(std::string const & name, std::string const & encoding) {
+    if (!is_safe_encoding_name(encoding)) {
+        return table_invalid_name;
+    }
+    if (name == classic_name) {
+        return table_fixed_entry;
+    }
+    locale_entry * const entry = own_locale(name);
+    if (entry == nullptr) {
+        return table_unknown_entry;
+    }
+    entry->encoding = encoding;
+    return table_modified;
+}
+
+int lc_tables::modifyXpgName(std::string const & name, std::string const & xpg_name) {
+    if (name == classic_name) {
+        return table_fixed_entry;
+    }
+    locale_entry * const entry = own_locale(name);
+    if (entry == nullptr) {
+        return table_unknown_entry;
+    }
+    entry->xpg_name = xpg_name;
+    return table_modified;
+}
+
+int lc_tables::modifyLcAliasName(std::string const & name, std::string const & alias) {
+    if (!is_usable_locale_name(alias)) {
+        return table_invalid_name;
+    }
+    if (!find_locale(name)) {
+        return table_unknown_entry;
+    }
+    locale_aliases_.insert_or_assign(alias, name);
+    return table_modified;
+}
+
+int lc_tables::modifyRegionAliasName(std::string const & name, std::string const & alias) {
+    if (!is_usable_locale_name(alias)) {
+        return table_invalid_name;
+    }
+    if (!find_locale(name)) {
+        return table_unknown_entry;
+    }
+    region_aliases_.insert_or_assign(alias, name);
+    return table_modified;
+}
+
+int lc_tables::modifyLcOptData(std::string const & name, std::string const & option,
+                               std::string const & value) {
+    locale_entry * const entry = own_locale(name);
+    if (entry == nullptr) {
+        return table_unknown_entry;
+    }
+    entry->options.insert_or_assign(option, value);
+    return table_modified;
+}
+
+int lc_tables::modifyEncodingDataEntry(std::string const & name, std::string const & jvm_name,
+                                       std::string const & compat) {
+    if (!is_safe_encoding_name(name) || (!compat.empty() && !is_safe_encoding_name(compat))) {
+        return table_invalid_name;
+    }
+    encodings_.insert_or_assign(name, encoding_entry{name, jvm_name, compat});
+    return table_modified;
+}
+
+int lc_tables::modifyJvmName(std::string const & name, std::string const & jvm_name) {
+    encoding_entry * const entry = own_encoding(name);
+    if (entry == nullptr) {
+        return table_unknown_entry;
+    }
+    entry->jvm_name = jvm_name;
+    return table_modified;
+}
+
+int lc_tables::modifyCompatEncoding(std::string const & name, std::string const & compat) {
+    if (!is_safe_encoding_name(compat)) {
+        return table_invalid_name;
+    }
+    encoding_entry * const entry = own_encoding(name);
+    if (entry == nullptr) {
+        return table_unknown_entry;
+    }
+    entry->compat = compat;
+    return table_modified;
+}
+
+int lc_tables::modifyEncodingAlias(std::string const & name, std::string const & alias) {
+    if (!is_safe_encoding_name(alias)) {
+        return table_invalid_name;
+    }
+    if (!find_encoding(name)) {
+        return table_unknown_entry;
+    }
+    encoding_aliases_.insert_or_assign(alias, name);
+    return table_modified;
+}
+
+} // namespace fl::i18n::lcmgmt

@@ -1,0 +1,107 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace fl::i18n::lcmgmt {
+
+/// The outcome of a table modification, as the event log shows it.
+enum table_status : int {
+    table_modified = 0,
+    table_invalid_name = 1,  ///< a name holds characters that no locale or encoding name has, or is empty
+    table_unknown_entry = 2, ///< there is no entry of that name
+    table_fixed_entry = 3,   ///< the entry is that of the classic locale, which does not change
+};
+
+/// The data of one locale; the texts live until the tables are changed.
+struct locale_data {
+    std::string_view encoding;
+    std::string_view xpg_name;
+};
+
+/// The data of one encoding; the texts live until the tables are changed.
+struct encoding_data {
+    std::string_view name; ///< the standard name in its own spelling
+    std::string_view jvm_name;
+    std::string_view compat;
+};
+
+/// The locale and encoding tables: the built-in ones under the changes that a locale database makes.
+///
+/// Locale names are compared as they are, encoding names without regard to ASCII letter case. An alias leads
+/// to an entry in one step, and one of the database goes before a built-in entry of its name. Look-ups return
+/// nothing or an empty text for an unknown name. Each modification returns a `table_status`; a failed one
+/// changes nothing. Not synchronised.
+class lc_tables {
+public:
+    /// Returns the data of a locale by its own name, without following aliases.
+    std::optional<locale_data> find_locale(std::string_view name) const;
+
+    /// Returns an option that the database gave a locale, such as "disable_l10n".
+    std::string_view find_locale_option(std::string_view name, std::string_view option) const;
+
+    /// Returns the locale name that an alias, or a region alias, stands for.
+    std::string_view find_locale_alias(std::string_view alias) const;
+    std::string_view find_region_alias(std::string_view alias) const;
+
+    /// Returns the locale name under which there is data: what the name is an alias of, the name itself, or
+    /// the same of the name without its codeset.
+    std::string resolve_locale(std::string_view name) const;
+
+    /// Returns the data of an encoding by its standard name, without following aliases.
+    std::optional<encoding_data> find_encoding(std::string_view name) const;
+
+    /// Returns the standard name that an alias stands for.
+    std::string_view find_encoding_alias(std::string_view alias) const;
+
+    /// Returns the data of an encoding by an alias or its standard name.
+    std::optional<encoding_data> resolve_encoding(std::string_view name) const;
+
+    int modifyLcEntry(std::string const & name, std::string const & encoding, std::string const & xpg_name);
+    int modifyDefEncoding(std::string const & name, std::string const & encoding);
+    int modifyXpgName(std::string const & name, std::string const & xpg_name);
+    int modifyLcAliasName(std::string const & name, std::string const & alias);
+    int modifyRegionAliasName(std::string const & name, std::string const & alias);
+    int modifyLcOptData(std::string const & name, std::string const & option, std::string const & value);
+    int modifyEncodingDataEntry(std::string const & name, std::string const & jvm_name,
+                                std::string const & compat);
+    int modifyJvmName(std::string const & name, std::string const & jvm_name);
+    int modifyCompatEncoding(std::string const & name, std::string const & compat);
+    int modifyEncodingAlias(std::string const & name, std::string const & alias);
+
+private:
+    struct locale_entry {
+        std::string encoding;
+        std::string xpg_name;
+        std::map<std::string, std::string, std::less<>> options;
+    };
+    struct encoding_entry {
+        std::string name;
+        std::string jvm_name;
+        std::string compat;
+    };
+    struct less_ignoring_case {
+        using is_transparent = void;
+        bool operator()(std::string_view a, std::string_view b) const;
+    };
+    using name_map = std::map<std::string, std::string, std::less<>>;
+
+    /// Returns the entry to change, copied from the built-in tables when need be; null for an unknown name.
+    locale_entry * own_locale(std::string const & name);
+    encoding_entry * own_encoding(std::string const & name);
+
+    // What the database added or changed.
+    std::map<std::string, locale_entry, std::less<>> locales_;
+    std::map<std::string, encoding_entry, less_ignoring_case> encodings_;
+    name_map locale_aliases_;
+    name_map region_aliases_;
+    std::map<std::string, std::string, less_ignoring_case> encoding_aliases_;
+};
+
+/// Tells whether a name may be handed to the conversion library: printable ASCII without "/", "\" and "..",
+/// not empty. The library reads nothing outside its data for such a name.
+bool is_safe_encoding_name(std::string_view name);
+
+} // namespace fl::i18n::lcmgmt

@@ -1,0 +1,355 @@
+#include "locale/qz_locale_ctx.hpp"
+
+#include "foundation/ascii.hpp"
+#include "foundation/process_singleton.hpp"
+#include "foundation/utf8.hpp"
+#include "locale/classic_name.hpp"
+#include "locale/lc_rsc_exceptions.hpp"
+#include "locale/lcdb_parser.hpp"
+#include "locale/locale_name.hpp"
+
+#include <algorithm>
+#include <array>
+#include <boost/throw_exception.hpp>
+#include <stdexcept>
+#include <utility>
+
+namespace fl::i18n::lcmgmt {
+
+namespace {
+
+constexpr auto messages_index = static_cast<std::size_t>(QzLocale::LcCategory::messages);
+constexpr auto ctype_index = static_cast<std::size_t>(QzLocale::LcCategory::ctype);
+
+constexpr int l10n_requested = 1;
+constexpr int l10n_refused = 2;
+
+constexpr std::string_view init_source = "QzLocaleCtx::initLocaleMgmt";
+constexpr std::string_view global_source = "QzLocaleCtx::initGlobalLocale";
+constexpr std::string_view messages_source = "QzLocaleCtx::QzLocaleCtx::set_lc_messages";
+constexpr std::string_view l10n_source = "QzLocaleCtx::QzLocaleCtx::disable_l10n_rsc";
+constexpr std::string_view change_source = "QzLocaleCtx::QzLocaleCtx::change_current_locale";
+constexpr std::string_view set_source = "QzLocaleCtx::setLocale";
+
+constinit process_singleton<QzLocaleCtx> context;
+
+char const * database_failure(int kind) {
+    switch (kind) {
+    case 2:
+        return "Failed to open the XML locale database.";
+    case 3:
+        return "Failed to read the XML locale database.";
+    case 4:
+        return "Failed to create the parser for the XML locale database.";
+    default:
+        return "invalid XML locale database.";
+    }
+}
+
+} // namespace
+
+icu_converter open_icu_converter(std::string const & name) {
+    // A colon is a drive's or a stream's mark in a file name; the conversion library's own aliases hold some
+    // too.
+    UErrorCode status = U_ZERO_ERROR;
+    if (!is_safe_encoding_name(name) ||
+        (name.find(':') != std::string::npos && ucnv_countAliases(name.c_str(), &status) == 0)) {
+        return nullptr;
+    }
+    status = U_ZERO_ERROR;
+    icu_converter converter(ucnv_open(name.c_str(), &status));
+    return U_FAILURE(status) ? nullptr : std::move(converter);
+}
+
+QzLocaleCtx & QzLocaleCtx::get() {
+    try {
+        return context.get([] {
+            return std::make_unique<QzLocaleCtx>(startup_inputs{
+                read_environment(), platform::query_locale_settings(), filesystem::get_install_path()});
+        });
+    } catch (std::exception const &) {
+        boost::throw_exception(std::runtime_error("Failed to initialize locale context"));
+    }
+}
+
+QzLocaleCtx * QzLocaleCtx::peek() {
+    return context.peek();
+}
+
+QzLocaleCtx::QzLocaleCtx(startup_inputs inputs)
+    : inputs_(std::move(inputs)) {
+    initQzLcCtx();
+    initLocaleMgmt();
+}
+
+QzLocaleCtx::~QzLocaleCtx() = default;
+
+void QzLocaleCtx::initQzLcCtx() {
+    publish(records_of(std::string(classic_name)));
+    log_.add("QzLocaleCtx::initQzLcCtx", "Locale context was initialized.");
+}
+
+void QzLocaleCtx::initLocaleMgmt() {
+    log_.add(init_source, "LcMgmt initialization has started.");
+    l10n_control_ = read_l10n_control(inputs_.environment["QZLOCALE_L10N_CONTROL"]);
+    load_database();
+    system_settings_ = read_system_locale(inputs_.settings, tables_, log_);
+    resolve_system_encodings();
+    initGlobalLocale();
+}
+
+void QzLocaleCtx::load_database() {
+    filesystem::upath const path = get_lcdata_path(inputs_.environment, inputs_.install_path, log_);
+    status_ = LcStatusDefaultsInUse;
+    if (path.empty()) {
+        warning_message_ = "No XML locale database was loaded.";
+        log_.add(init_source, warning_message_);
+        return;
+    }
+    try {
+        parse_lcdata(LcData(tables_, log_), path);
+    } catch (LcRscExceptionBase const & failure) {
+        warning_message_ = database_failure(failure.kind());
+        log_.add("QzLocaleCtx::initLocaleMgmt::parseLcData", warning_message_);
+        return;
+    }
+    database_path_ = path;
+    status_ = LcStatusInitialized;
+    log_.add(init_source, "XML locale database was loaded.");
+}
+
+void QzLocaleCtx::resolve_system_encodings() {
+    std::string environment_encoding = to_readable_utf8(inputs_.environment["QZLOCALE_TERMINAL_ENCODING"]);
+    if (!environment_encoding.empty()) {
+        system_settings_.terminal_input_encoding = environment_encoding;
+        system_settings_.terminal_output_encoding = std::move(environment_encoding);
+    }
+    for (std::string * const encoding :
+         {&system_settings_.encoding, &system_settings_.terminal_input_encoding,
+          &system_settings_.terminal_output_encoding}) {
+        std::string known = known_encoding(*encoding);
+        if (known.empty() && !encoding->empty()) {
+            log_.add(init_source, "The encoding is not known: " + *encoding);
+        }
+        *encoding = std::move(known);
+    }
+}
+
+void QzLocaleCtx::initGlobalLocale() {
+    QzLocaleImpl::category_records records;
+    std::transform(system_settings_.categories.begin(), system_settings_.categories.end(), records.begin(),
+                   [](system_locale::category const & c) {
+                       return QzLocaleImpl::category_record{c.name, c.system_name};
+                   });
+    locales_.push_back(std::make_unique<QzLocaleImpl const>(*this, records));
+    publish(std::move(records));
+    if (l10n_control_ == l10n_refused || (l10n_control_ != l10n_requested && system_locale_disables_l10n())) {
+        switch_l10n_off();
+    }
+}
+
+bool QzLocaleCtx::system_locale_disables_l10n() const {
+    std::string const name = tables_.resolve_locale(system_settings_.categories[messages_index].name);
+    std::string const value = ascii::to_lower(tables_.find_locale_option(name, "disable_l10n"));
+    constexpr std::array<std::string_view, 4> words{"true", "yes", "on", "1"};
+    return std::find(words.begin(), words.end(), value) != words.end();
+}
+
+QzLocaleImpl const & QzLocaleCtx::classic() const {
+    std::scoped_lock const lock(mutex_);
+    return *locales_.front();
+}
+
+QzLocaleImpl const & QzLocaleCtx::system() const {
+    std::scoped_lock const lock(mutex_);
+    return *locales_[1];
+}
+
+void QzLocaleCtx::change_global_locale(QzLocaleImpl::category_records records) {
+    std::scoped_lock const lock(mutex_);
+    if (refuse_when_locked(set_source)) {
+        return;
+    }
+    publish(std::move(records));
+    log_.add(set_source, "Global Locale setting was changed.");
+}
+
+bool QzLocaleCtx::set_global_locale(std::string const & name) {
+    std::scoped_lock const lock(mutex_);
+    if (refuse_when_locked(set_source)) {
+        return false;
+    }
+    publish(records_of(name));
+    log_.add(set_source, "Global Locale setting was changed.");
+    return true;
+}
+
+void QzLocaleCtx::lock_global_locale_setting() {
+    std::scoped_lock const lock(mutex_);
+    global_locked_ = true;
+}
+
+bool QzLocaleCtx::set_lc_messages(std::string const & name) {
+    std::scoped_lock const lock(mutex_);
+    if (refuse_when_locked(messages_source)) {
+        return false;
+    }
+    QzLocaleImpl::category_records records = global().records();
+    if (records[messages_index].name == name) {
+        log_.add(messages_source, "Provided locale is same as current locale");
+        return true;
+    }
+    if (l10n_disabled_) {
+        log_.add(messages_source, "No operation was performed");
+        return false;
+    }
+    records[messages_index] = {name, {}};
+    publish(std::move(records));
+    log_.add(set_source, "Global Locale setting was changed.");
+    return true;
+}
+
+void QzLocaleCtx::disable_l10n_resource() {
+    std::scoped_lock const lock(mutex_);
+    if (global_locked_ || l10n_disabled_ || l10n_control_ == l10n_requested) {
+        log_.add(l10n_source, "No operation was performed.");
+        return;
+    }
+    switch_l10n_off();
+}
+
+bool QzLocaleCtx::get_l10n_resource_status() const {
+    std::scoped_lock const lock(mutex_);
+    return !l10n_disabled_;
+}
+
+void QzLocaleCtx::switch_l10n_off() {
+    l10n_disabled_ = true;
+    if (global().records()[messages_index].name == classic_name) {
+        log_.add(l10n_source, "No need to perform disable operation.");
+        return;
+    }
+    publish(global().records());
+    log_.add(change_source, "Locale setting was changed to disable L10n.");
+    log_.add(l10n_source, "L10n was disabled.");
+}
+
+bool QzLocaleCtx::refuse_when_locked(std::string_view source) {
+    if (global_locked_) {
+        log_.add(source, "No operation was performed");
+    }
+    return global_locked_;
+}
+
+void QzLocaleCtx::publish(QzLocaleImpl::category_records records) {
+    if (l10n_disabled_) {
+        records[messages_index] = {classic_name, {}};
+    }
+    QzLocaleImpl const & locale = keep(std::move(records));
+    UConverter const * const converter = keep_converter(encoding(locale.records()[ctype_index]));
+    global_.exchange(&locale, std::memory_order_acq_rel);
+    process_converter_.store(converter, std::memory_order_release);
+}
+
+QzLocaleImpl const & QzLocaleCtx::keep(QzLocaleImpl::category_records records) {
+    auto const found = std::find_if(locales_.begin(), locales_.end(),
+                                    [&](auto const & locale) { return locale->records() == records; });
+    if (found != locales_.end()) {
+        return **found;
+    }
+    return *locales_.emplace_back(std::make_unique<QzLocaleImpl const>(*this, std::move(records)));
+}
+
+UConverter const * QzLocaleCtx::keep_converter(std::string const & encoding) {
+    auto const found = converters_.find(encoding);
+    if (found != converters_.end()) {
+        return found->second.get();
+    }
+    return converters_.emplace(encoding, open_encoding(encoding)).first->second.get();
+}
+
+// The tables and the system's settings do not change after the start-up, so the look-ups in them need no
+// lock.
+
+std::string QzLocaleCtx::known_encoding(std::string_view name) const {
+    if (auto const data = tables_.resolve_encoding(name)) {
+        return std::string(data->name);
+    }
+    std::string given(name);
+    return open_icu_converter(given) ? given : std::string();
+}
+
+icu_converter QzLocaleCtx::open_encoding(std::string const & name) const {
+    if (icu_converter converter = open_icu_converter(name)) {
+        return converter;
+    }
+    auto const data = tables_.resolve_encoding(name);
+    if (!data) {
+        return nullptr;
+    }
+    icu_converter converter = open_icu_converter(std::string(data->name));
+    return converter ? std::move(converter) : open_icu_converter(std::string(data->compat));
+}
+
+std::string QzLocaleCtx::find_standard_encoding_name(std::string_view name) const {
+    auto const data = tables_.resolve_encoding(name);
+    return data ? std::string(data->name) : std::string();
+}
+
+std::string QzLocaleCtx::encoding(QzLocaleImpl::category_record const & ctype) const {
+    if (!ctype.user_name.empty() && !system_settings_.encoding.empty()) {
+        return system_settings_.encoding;
+    }
+    if (std::string named = known_encoding(split_locale_name(ctype.name).codeset); !named.empty()) {
+        return named;
+    }
+    auto const data = tables_.find_locale(tables_.resolve_locale(ctype.name));
+    if (!data) {
+        return classic_encoding;
+    }
+    std::string standard = find_standard_encoding_name(data->encoding);
+    return standard.empty() ? std::string(data->encoding) : standard;
+}
+
+std::string QzLocaleCtx::xpg_name(QzLocaleImpl::category_record const & ctype) const {
+    std::string const in_use = encoding(ctype);
+    auto const data = tables_.find_locale(tables_.resolve_locale(ctype.name));
+    if (data && !data->xpg_name.empty() && find_standard_encoding_name(data->encoding) == in_use) {
+        return std::string(data->xpg_name);
+    }
+    std::string name = without_codeset(ctype.name);
+    return name.insert(std::min(name.find('@'), name.size()), '.' + in_use);
+}
+
+std::string QzLocaleCtx::jvm_encoding(QzLocaleImpl::category_record const & ctype) const {
+    std::string const name = encoding(ctype);
+    auto const data = tables_.resolve_encoding(name);
+    if (data && !data->jvm_name.empty()) {
+        return std::string(data->jvm_name);
+    }
+    if (!data && !open_icu_converter(name)) {
+        boost::throw_exception(QzLcDataNotFound(ctype.name));
+    }
+    return name;
+}
+
+std::string QzLocaleCtx::terminal_input_encoding(QzLocaleImpl::category_record const & ctype) const {
+    std::string const & name = system_settings_.terminal_input_encoding;
+    return name.empty() ? encoding(ctype) : name;
+}
+
+std::string QzLocaleCtx::terminal_output_encoding(QzLocaleImpl::category_record const & ctype) const {
+    std::string const & name = system_settings_.terminal_output_encoding;
+    return name.empty() ? encoding(ctype) : name;
+}
+
+std::vector<std::string> QzLocaleCtx::events() const {
+    std::scoped_lock const lock(mutex_);
+    return log_.entries();
+}
+
+std::string QzLocaleCtx::database_path() const {
+    return to_readable_utf8(database_path_.string());
+}
+
+} // namespace fl::i18n::lcmgmt

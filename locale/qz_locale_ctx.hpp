@@ -1,0 +1,124 @@
+#pragma once
+
+#include "foundation/icu_converter.hpp"
+#include "locale/event_log.hpp"
+#include "locale/lc_tables.hpp"
+#include "locale/lcdata_path.hpp"
+#include "locale/qz_locale_impl.hpp"
+#include "locale/system_locale.hpp"
+#include "platform/platform.hpp"
+
+#include <atomic>
+#include <fl/filesystem/path.hpp>
+#include <fl/i18n/locale.hpp>
+#include <fl/i18n/locale_status.hpp>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace fl::i18n::lcmgmt {
+
+/// What the start-up reads from outside.
+struct startup_inputs {
+    environment_snapshot environment;
+    platform::locale_settings settings;
+    filesystem::upath install_path; ///< empty when unknown
+};
+
+/// The locale management context: all locale state of a process.
+///
+/// Construction runs the whole start-up, which never fails for a bad database, environment or system setting:
+/// each such problem ends in the event log. Afterwards any thread may call the operations; one mutex guards
+/// the state, and the global locale is swapped atomically. Locales and converters handed out live as long as
+/// the context.
+class QzLocaleCtx {
+public:
+    explicit QzLocaleCtx(startup_inputs inputs);
+    ~QzLocaleCtx();
+    QzLocaleCtx(QzLocaleCtx const &) = delete;
+    QzLocaleCtx & operator=(QzLocaleCtx const &) = delete;
+
+    /// Returns the context of the process, which the first call creates; throws `std::runtime_error`.
+    static QzLocaleCtx & get();
+
+    /// Returns the context of the process, or null before its creation.
+    static QzLocaleCtx * peek();
+
+    QzLocaleImpl const & classic() const;
+    QzLocaleImpl const & system() const;
+    QzLocaleImpl const & global() const { return *global_.load(std::memory_order_acquire); }
+
+    void change_global_locale(QzLocaleImpl::category_records records);
+    bool set_global_locale(std::string const & name);
+    void lock_global_locale_setting();
+    bool set_lc_messages(std::string const & name);
+    void disable_l10n_resource();
+    bool get_l10n_resource_status() const;
+
+    /// Return what holds for a locale with this ctype record.
+    std::string encoding(QzLocaleImpl::category_record const & ctype) const;
+    std::string xpg_name(QzLocaleImpl::category_record const & ctype) const;
+    std::string jvm_encoding(QzLocaleImpl::category_record const & ctype) const;
+    std::string terminal_input_encoding(QzLocaleImpl::category_record const & ctype) const;
+    std::string terminal_output_encoding(QzLocaleImpl::category_record const & ctype) const;
+
+    /// Returns the standard name of an encoding name or alias; empty when the tables do not know it.
+    std::string find_standard_encoding_name(std::string_view name) const;
+
+    /// Opens a converter by the conversion library's rules, failing that by the standard name and the
+    /// compatibility encoding that the tables give; null when all fail.
+    icu_converter open_encoding(std::string const & name) const;
+
+    /// Returns the kept converter for the global locale's encoding, to be cloned and never used itself; null
+    /// when that encoding cannot be opened.
+    UConverter const * process_converter() const {
+        return process_converter_.load(std::memory_order_acquire);
+    }
+
+    LcStatusCode status() const { return status_; }
+    std::string const & warning_message() const { return warning_message_; }
+    std::vector<std::string> events() const;
+    std::map<std::string, std::string> const & locale_information() const { return inputs_.settings.details; }
+    std::string database_path() const;
+
+private:
+    void initQzLcCtx();
+    void initLocaleMgmt();
+    void load_database();
+    void initGlobalLocale();
+    void resolve_system_encodings();
+    bool system_locale_disables_l10n() const;
+    std::string known_encoding(std::string_view name) const;
+
+    // These expect the mutex to be held, or the start-up to run.
+    void publish(QzLocaleImpl::category_records records);
+    QzLocaleImpl const & keep(QzLocaleImpl::category_records records);
+    UConverter const * keep_converter(std::string const & encoding);
+    bool refuse_when_locked(std::string_view source);
+    void switch_l10n_off();
+
+    startup_inputs inputs_;
+    LcStatusCode status_ = LcStatusNotInitialized;
+    std::string warning_message_;
+    filesystem::upath database_path_;
+    lc_tables tables_;
+    system_locale system_settings_;
+    std::vector<std::unique_ptr<QzLocaleImpl const>>
+        locales_; ///< the classic locale first, then the system's
+    std::atomic<QzLocaleImpl const *> global_ = nullptr;
+    std::map<std::string, icu_converter> converters_;
+    std::atomic<UConverter const *> process_converter_ = nullptr;
+    int l10n_control_ = 0;
+    bool l10n_disabled_ = false;
+    bool global_locked_ = false;
+    event_log log_;
+    mutable std::mutex mutex_;
+};
+
+/// Opens a converter by the conversion library's own alias rules; null for a name that it does not know or
+/// that could lead it outside its data.
+icu_converter open_icu_converter(std::string const & name);
+
+} // namespace fl::i18n::lcmgmt

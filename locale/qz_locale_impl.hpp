@@ -1,0 +1,58 @@
+#pragma once
+
+#include <array>
+#include <fl/i18n/locale.hpp>
+#include <string>
+
+namespace fl::i18n {
+
+namespace lcmgmt {
+class QzLocaleCtx;
+}
+
+inline constexpr std::size_t category_count = 6;
+
+/// Returns the index of a category; throws `QzLcInvLcCategory` for a value out of range.
+std::size_t category_index(QzLocale::LcCategory category);
+
+/// The only locale implementation of the library.
+class QzLocaleImpl final : public QzLocale {
+public:
+    struct category_record {
+        std::string name;
+        std::string user_name; ///< the system's own name where its settings apply, else empty
+        bool operator==(category_record const &) const = default;
+    };
+    using category_records = std::array<category_record, category_count>;
+
+    /// Throws `QzLcInvLcName` for a name that is no locale name.
+    QzLocaleImpl(lcmgmt::QzLocaleCtx const & context, category_records records);
+
+    bool operator==(QzLocale const & other) const override;
+    bool operator!=(QzLocale const & other) const override;
+    std::string getLcName(LcCategory category) const override;
+    bool isUserLocale(LcCategory category) const override;
+    std::string getLanguage(LcCategory category) const override;
+    std::string getUserLcName(LcCategory category) const override;
+    std::string getTerritory(LcCategory category) const override;
+    std::string getXpgName() const override;
+    std::string getEncoding() const override;
+    LcOptData getOptData(LcOptDataType item) const override;
+
+    category_records const & records() const noexcept { return records_; }
+
+private:
+    category_record const & record(LcCategory category) const { return records_[category_index(category)]; }
+
+    lcmgmt::QzLocaleCtx const & context_;
+    category_records records_;
+    std::string xpg_name_;
+};
+
+/// Returns records that have one name for all categories.
+QzLocaleImpl::category_records records_of(std::string const & name);
+
+/// Returns the records of any locale.
+QzLocaleImpl::category_records records_of(QzLocale const & locale);
+
+} // namespace fl::i18n
