@@ -1,0 +1,38 @@
+#pragma once
+
+#include "foundation/icu_converter.hpp"
+
+#include <fl/i18n/converter.hpp>
+#include <memory>
+#include <string>
+#include <unicode/ucnv_err.h>
+
+namespace fl::i18n::detail {
+
+/// An open converter and what is needed to undo its call-back modes.
+struct conversion_record {
+    icu_converter converter;
+    codecvt_call_back_mode to_unicode_mode = call_back_default;
+    codecvt_call_back_mode from_unicode_mode = call_back_default;
+    /// What the mode replaced; meaningful while it is not `call_back_default`.
+    UConverterToUCallback replaced_to_unicode = nullptr;
+    void const * replaced_to_unicode_context = nullptr;
+    UConverterFromUCallback replaced_from_unicode = nullptr;
+    void const * replaced_from_unicode_context = nullptr;
+};
+
+/// Opens the converter of an encoding, the global locale's for an empty name; throws
+/// `CvtInvalidEncodingName`.
+std::unique_ptr<conversion_record> open_conversion_record(std::string const & encoding);
+
+/// Returns the record of a named converter; throws `CvtConversionFailure` when it was moved elsewhere.
+conversion_record & require_record(std::unique_ptr<conversion_record> const & record);
+
+/// Undoes the to-Unicode mode and applies another. On failure the mode is `call_back_default`.
+void apply_to_unicode_mode(conversion_record & record, codecvt_call_back_mode mode);
+
+/// Undoes the from-Unicode mode and applies another. On failure the mode is `call_back_default`.
+void apply_from_unicode_mode(conversion_record & record, codecvt_call_back_mode mode,
+                             std::string const & substitution);
+
+} // namespace fl::i18n::detail
