@@ -1,0 +1,238 @@
+#include "catalogs/catalog_service.hpp"
+
+#include "catalogs/catalog_file_loader.hpp"
+#include "foundation/ascii.hpp"
+#include "foundation/process_singleton.hpp"
+#include "lookup/resource_search.hpp"
+
+#include <algorithm>
+#include <boost/smart_ptr/make_shared.hpp>
+#include <boost/throw_exception.hpp>
+#include <fl/i18n/resource_finder.hpp>
+#include <iterator>
+#include <memory>
+#include <utility>
+
+namespace fl::i18n {
+
+namespace {
+
+using filesystem::upath;
+
+/// Searches end with the classic locale's name.
+constexpr bool classic_default = true;
+
+constinit process_singleton<catalog_service> process_service;
+
+/// Returns a directory in native form; empty when the text is no path.
+upath native_directory(ustring const & text) {
+    if (text.find(u'\0') != ustring::npos) {
+        return {};
+    }
+    return filesystem::make_native_form(text, true);
+}
+
+bool has_resources(upath const & directory) {
+    return !directory.empty() && filesystem::status(directory / u"resources").is_directory;
+}
+
+/// Narrows a locale name, which was widened byte by byte.
+std::string narrow(ustring const & name) {
+    std::string result;
+    std::transform(name.begin(), name.end(), std::back_inserter(result),
+                   [](char16_t c) { return static_cast<char>(c); });
+    return result;
+}
+
+resource_search::match find_file(std::vector<upath> const & roots, std::string const & id,
+                                 QzLocale const & locale, LookupReport * report) {
+    auto const directories = search_directories(roots);
+    auto const names = resource_search::locale_names(locale, classic_default);
+    ustring const pattern = catalog_file_pattern(id);
+    ustring const marker = resource_finder::default_formatter;
+    resource_search::visitor record;
+    if (report != nullptr) {
+        record = [report](upath const & candidate, ustring const &, bool exists) {
+            report->candidates.push_back({candidate.string(), exists});
+        };
+    }
+    return resource_search::find({directories, pattern, marker, names}, record);
+}
+
+} // namespace
+
+catalog_service::catalog_service(std::function<upath()> install_path)
+    : install_path_(std::move(install_path)) {}
+
+bool catalog_service::initialise(std::vector<ustring> const & roots) {
+    std::lock_guard const lock(mutex_);
+    return initialise_locked(roots);
+}
+
+bool catalog_service::initialise_locked(std::vector<ustring> const & roots) {
+    bool const first = roots_.empty();
+    if (first && roots.empty()) {
+        boost::throw_exception(MessageCatalog::MessageCatalogIncorrectRoot());
+    }
+    std::vector<upath> directories;
+    std::transform(roots.begin(), roots.end(), std::back_inserter(directories), native_directory);
+    directories.insert(directories.end(), additional_locations_.begin(), additional_locations_.end());
+    std::erase_if(directories, [](upath const & directory) { return !has_resources(directory); });
+    if (directories.empty()) {
+        boost::throw_exception(MessageCatalog::MessageCatalogIncorrectRoot());
+    }
+    roots_ = std::move(directories);
+    return first;
+}
+
+catalog_service::catalog_pointer catalog_service::get_catalog(std::string const & id, QzLocale const & locale,
+                                                              LookupReport * report) {
+    std::string const locale_name = locale.getLcName(QzLocale::LcCategory::messages);
+    std::string const key = id + ':' + locale_name;
+    std::lock_guard const lock(mutex_);
+    // Nothing is cached before there are roots, so a hit needs no look at them.
+    catalog_pointer catalog = find_cached(key, report);
+    if (!catalog) {
+        catalog = add_catalog(id, locale, locale_name, key, report);
+    }
+    if (report != nullptr) {
+        std::transform(roots_.begin(), roots_.end(), std::back_inserter(report->roots),
+                       [](upath const & root) { return root.string(); });
+    }
+    return catalog;
+}
+
+catalog_service::catalog_pointer catalog_service::find_cached(std::string const & key,
+                                                              LookupReport * report) {
+    auto const position = cache_.find(key);
+    bool const hit = position != cache_.end();
+    if (hit) {
+        ++position->second.hits;
+    }
+    if (report != nullptr) {
+        report->cache_keys.push_back({key, hit, false, hit ? position->second.hits : 0});
+    }
+    return hit ? position->second.catalog : nullptr;
+}
+
+catalog_service::catalog_pointer catalog_service::add_catalog(std::string const & id, QzLocale const & locale,
+                                                              std::string const & locale_name,
+                                                              std::string const & key,
+                                                              LookupReport * report) {
+    if (roots_.empty()) {
+        initialise_locked({install_path_().string()});
+    }
+    if (report != nullptr) {
+        report->step = LookupStep::find_file;
+    }
+    auto const found = find_file(roots_, id, locale, report);
+    std::string const found_locale = narrow(found.locale_name);
+    std::vector<std::string> keys{key};
+    if (!found.path.empty() && found_locale != locale_name) {
+        std::string const found_key = id + ':' + found_locale;
+        if (catalog_pointer const cached = find_cached(found_key, report)) {
+            store(keys, cached, report);
+            return cached;
+        }
+        keys.push_back(found_key);
+    }
+    auto const catalog =
+        boost::make_shared<MessageCatalogImpl>(id, found.path, classic_default, found_locale);
+    if (!found.path.empty()) {
+        XMLCatalogFileLoader loader;
+        catalog->load(loader);
+    }
+    store(keys, catalog, report);
+    return catalog;
+}
+
+// All keys or none: once the room is there the nodes are moved, which cannot fail.
+void catalog_service::store(std::vector<std::string> const & keys, catalog_pointer const & catalog,
+                            LookupReport * report) {
+    cache added;
+    for (auto const & key : keys) {
+        added.emplace(key, cache_entry{catalog});
+    }
+    cache_.reserve(cache_.size() + added.size());
+    cache_.merge(added);
+    if (report != nullptr) {
+        for (auto & consulted : report->cache_keys) {
+            consulted.stored = std::find(keys.begin(), keys.end(), consulted.key) != keys.end();
+        }
+    }
+}
+
+void catalog_service::flush(std::string_view id) {
+    erase_if(cache_, [id](cache::value_type const & entry) {
+        std::string_view const key = entry.first;
+        return key.substr(0, key.rfind(':')) == id;
+    });
+}
+
+void catalog_service::set_additional_locations(std::vector<ustring> const & locations) {
+    std::vector<upath> directories;
+    std::transform(locations.begin(), locations.end(), std::back_inserter(directories), native_directory);
+    if (!std::all_of(directories.begin(), directories.end(), has_resources)) {
+        boost::throw_exception(MessageCatalog::ResDirNotPresent());
+    }
+    std::lock_guard const lock(mutex_);
+    additional_locations_ = std::move(directories);
+}
+
+void catalog_service::remove_additional_location(ustring const & location) {
+    removal result;
+    try {
+        result = try_to_remove(location);
+    } catch (std::exception const & error) {
+        boost::throw_exception(MessageCatalog::ResPathRemovalUnknownError(error.what()));
+    }
+    switch (result) {
+    case removal::done:
+        return;
+    case removal::no_path:
+        boost::throw_exception(MessageCatalog::InvalidPathSupplied());
+    case removal::no_resources:
+        boost::throw_exception(MessageCatalog::ResDirNotPresent());
+    case removal::not_listed:
+        boost::throw_exception(MessageCatalog::ResourcePathNotFound());
+    }
+}
+
+catalog_service::removal catalog_service::try_to_remove(ustring const & location) {
+    upath const directory = native_directory(location);
+    if (directory.empty()) {
+        return removal::no_path;
+    }
+    std::lock_guard const lock(mutex_);
+    if (std::erase(additional_locations_, directory) != 0) {
+        return removal::done;
+    }
+    return has_resources(directory) ? removal::not_listed : removal::no_resources;
+}
+
+catalog_service & process_catalog_service() {
+    return process_service.get(
+        [] { return std::make_unique<catalog_service>([] { return filesystem::get_install_path(); }); });
+}
+
+std::vector<upath> search_directories(std::vector<upath> const & roots) {
+    if (roots.empty()) {
+        boost::throw_exception(MessageCatalog::MessageCatalogNotInitialized());
+    }
+    std::vector<upath> directories;
+    std::transform(roots.begin(), roots.end(), std::back_inserter(directories),
+                   [](upath const & root) { return root / u"resources"; });
+    return directories;
+}
+
+ustring catalog_file_pattern(std::string_view id) {
+    auto const colon = id.find(':');
+    if (colon == id.npos || id.ends_with(':')) {
+        return {};
+    }
+    ustring pattern = ascii::widen(id);
+    std::replace(pattern.begin(), pattern.end(), u':', u'\\');
+    return pattern.insert(colon, u"\\%S") + u".xml";
+}
+
+} // namespace fl::i18n

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "catalogs/message_catalog_impl.hpp"
+
+#include <boost/smart_ptr/shared_ptr.hpp>
+#include <boost/unordered_map.hpp>
+#include <cstdint>
+#include <fl/filesystem/path.hpp>
+#include <fl/i18n/locale.hpp>
+#include <fl/i18n/lookup_report.hpp>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace fl::i18n {
+
+/// Finds, loads and keeps catalogs. The operations are those of `MessageCatalog` and throw as they do.
+///
+/// One mutex guards everything and is held while a file is loaded. Locales may be asked under it, so the
+/// locale management must never call back with its own mutex held.
+class catalog_service {
+public:
+    using catalog_pointer = boost::shared_ptr<MessageCatalogImpl const>;
+
+    /// `install_path` supplies the root for a lookup before any initialisation.
+    explicit catalog_service(std::function<filesystem::upath()> install_path);
+
+    bool initialise(std::vector<ustring> const & roots);
+    /// Writes what it does into `report`, if there is one.
+    catalog_pointer get_catalog(std::string const & id, QzLocale const & locale,
+                                LookupReport * report = nullptr);
+    /// Takes no lock.
+    void flush(std::string_view id);
+    void set_additional_locations(std::vector<ustring> const & locations);
+    void remove_additional_location(ustring const & location);
+
+private:
+    struct cache_entry {
+        catalog_pointer catalog;
+        std::uint64_t hits = 0;
+    };
+    using cache = boost::unordered_map<std::string, cache_entry>;
+    enum class removal { done, no_path, no_resources, not_listed };
+
+    bool initialise_locked(std::vector<ustring> const & roots);
+    catalog_pointer find_cached(std::string const & key, LookupReport * report);
+    catalog_pointer add_catalog(std::string const & id, QzLocale const & locale,
+                                std::string const & locale_name, std::string const & key,
+                                LookupReport * report);
+    void store(std::vector<std::string> const & keys, catalog_pointer const & catalog, LookupReport * report);
+    removal try_to_remove(ustring const & location);
+
+    std::function<filesystem::upath()> install_path_;
+    std::mutex mutex_;
+    std::vector<filesystem::upath> roots_;
+    std::vector<filesystem::upath> additional_locations_;
+    cache cache_;
+};
+
+/// Returns the service of the process.
+catalog_service & process_catalog_service();
+
+/// Returns the resource directories of roots; throws `MessageCatalog::MessageCatalogNotInitialized` without
+/// roots.
+std::vector<filesystem::upath> search_directories(std::vector<filesystem::upath> const & roots);
+
+/// Returns where a catalog's file lies below a resource directory, with "%S" for the locale name:
+/// "a\%S\b\c.xml" for "a:b:c". Empty when the identifier has no colon or ends with one.
+ustring catalog_file_pattern(std::string_view id);
+
+} // namespace fl::i18n

@@ -1,0 +1,48 @@
+#include "catalogs/expat_event_handler.hpp"
+
+#include "foundation/filesystem/open_file.hpp"
+#include "foundation/xml_reader.hpp"
+
+#include <utility>
+
+namespace fl::i18n {
+
+namespace {
+
+/// Hands the events of a document to a handler, which does not see the declaration.
+class handler_sink final : public xml::event_sink {
+public:
+    explicit handler_sink(ExpatEventHandler & handler)
+        : handler_(handler) {}
+
+    bool on_declaration(char const *, char const *) override { return true; }
+    bool on_start_element(char const * name, char const ** attributes) override {
+        return handler_.start_element(name, attributes);
+    }
+    bool on_end_element(char const * name) override { return handler_.end_element(name); }
+    bool on_character_data(std::string_view text) override {
+        return handler_.character_data(text.data(), text.size());
+    }
+
+private:
+    ExpatEventHandler & handler_;
+};
+
+} // namespace
+
+ExpatEventHandler::ExpatEventHandler(std::string encoding)
+    : encoding_(std::move(encoding)) {}
+
+ExpatEventHandler::~ExpatEventHandler() = default;
+
+bool parse_file(filesystem::upath const & path, ExpatEventHandler & handler) {
+    // Opened for bytes: Expat turns line ends into line feeds itself, and text mode would harm UTF-16.
+    auto const file = filesystem::open_file(path);
+    if (!file) {
+        return false;
+    }
+    handler_sink sink(handler);
+    return xml::read_document(file.get(), handler.encoding(), sink).status == xml::read_status::complete;
+}
+
+} // namespace fl::i18n

@@ -1,0 +1,109 @@
+#include <fl/i18n/message_catalog.hpp>
+
+#include "catalogs/catalog_service.hpp"
+
+#include <boost/throw_exception.hpp>
+#include <fl/i18n/catalog_config.hpp>
+
+namespace fl::i18n {
+
+using resource_core::BaseCatalogID;
+using resource_core::BaseMsgID;
+
+MessageCatalog::MessageCatalog() = default;
+
+MessageCatalog::~MessageCatalog() = default;
+
+bool MessageCatalog::MessageCatalogInit(ustring const & root) {
+    return MessageCatalogInit(std::vector{root});
+}
+
+bool MessageCatalog::MessageCatalogInit(std::vector<ustring> const & roots) {
+    return process_catalog_service().initialise(roots);
+}
+
+bool MessageCatalog::MessageCatalogInit(std::vector<ustring> const & roots,
+                                        std::vector<BaseCatalogID const *> const & criticalCatalogs) {
+    bool const first = MessageCatalogInit(roots);
+    for (BaseCatalogID const * const id : criticalCatalogs) {
+        if (id == nullptr) {
+            boost::throw_exception(CatalogID::badCatalogIDException());
+        }
+        openCatalog(*id);
+    }
+    return first;
+}
+
+bool MessageCatalog::MessageCatalogInit(ustring const & root,
+                                        std::vector<BaseCatalogID const *> const & criticalCatalogs) {
+    return MessageCatalogInit(std::vector{root}, criticalCatalogs);
+}
+
+bool MessageCatalog::MessageCatalogInitFromConfigManager() {
+    auto const & registry = messagecatalog::ConfigurationManagerFactory::Get();
+    auto const search_path = registry.GetSearchPath();
+    auto const critical = registry.FindCriticalCatalogs();
+    bool const first = MessageCatalogInit(search_path.GetSearchPaths());
+    if (critical) {
+        for (CatalogID const & id : critical->GetCriticalCatalogIds()) {
+            GetMessageCatalog(id);
+        }
+    }
+    return first;
+}
+
+boost::shared_ptr<MessageCatalog const> MessageCatalog::GetMessageCatalog(CatalogID const & id,
+                                                                          QzLocale const & locale) {
+    return process_catalog_service().get_catalog(id.getCatalogID(), locale);
+}
+
+boost::shared_ptr<MessageCatalog const> MessageCatalog::GetMessageCatalog(CatalogID const & id) {
+    return GetMessageCatalog(id, QzLocale::global());
+}
+
+boost::shared_ptr<MessageCatalog const> MessageCatalog::openCatalog(BaseCatalogID const & id,
+                                                                    QzLocale const & locale) {
+    return GetMessageCatalog(resource_core::makeInternalCatalogName(id.getCatalogID()), locale);
+}
+
+boost::shared_ptr<MessageCatalog const> MessageCatalog::openCatalog(BaseCatalogID const & id) {
+    return openCatalog(id, QzLocale::global());
+}
+
+ustring MessageCatalog::get_message(BaseMsgID const & id, QzLocale const & locale,
+                                    std::optional<numeric_format> const & format) {
+    MessageID const message_id(id.getCompositeID());
+    auto const catalog = process_catalog_service().get_catalog(message_id.getCatalogID(), locale);
+    return GetFormattedMessage(catalog->text(message_id.getMsgKey()), {}, format);
+}
+
+ustring MessageCatalog::get_message(BaseMsgID const & id) {
+    return get_message(id, QzLocale::global(), std::nullopt);
+}
+
+ustring MessageCatalog::get_message(MessageID const & id, QzLocale const & locale) {
+    // Not through a `CatalogID`: an identifier joined from an empty one has no valid catalog part.
+    return process_catalog_service().get_catalog(id.getCatalogID(), locale)->message(id);
+}
+
+ustring MessageCatalog::get_message(MessageID const & id) {
+    return get_message(id, QzLocale::global());
+}
+
+ustring MessageCatalog::get_default_locale_message(BaseMsgID const & id) {
+    return get_message(id, QzLocale::classic(), std::nullopt);
+}
+
+void MessageCatalog::FlushCatalogFromCache(CatalogID const & id) {
+    process_catalog_service().flush(id.getCatalogID());
+}
+
+void MessageCatalog::set_additional_resource_locations(std::vector<ustring> const & locations) {
+    process_catalog_service().set_additional_locations(locations);
+}
+
+void MessageCatalog::remove_additional_resource_location(ustring const & location) {
+    process_catalog_service().remove_additional_location(location);
+}
+
+} // namespace fl::i18n

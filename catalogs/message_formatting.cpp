@@ -1,0 +1,39 @@
+#include "catalogs/message_pattern.hpp"
+
+#include <algorithm>
+#include <boost/throw_exception.hpp>
+#include <fl/i18n/codecvt.hpp>
+#include <fl/i18n/message_catalog.hpp>
+
+namespace fl::i18n {
+
+ustring MessageCatalog::GetFormattedMessage(ustring const & message, std::vector<Argument> const & args,
+                                            std::optional<numeric_format> const & format) {
+    return message_pattern(message).fill(args, format);
+}
+
+ustring MessageCatalog::GetFormattedMessage(ustring const & message, std::uint64_t count, ArgumentFiller fill,
+                                            std::optional<numeric_format> const & format) {
+    if (count != 0 && !fill) {
+        boost::throw_exception(MessageFormatIncorrect());
+    }
+    std::vector<Argument> args(count);
+    if (fill) {
+        fill(args, {message, count});
+    }
+    return GetFormattedMessage(message, args, format);
+}
+
+ustring MessageCatalog::GetCustomHoleType(ustring const & message, std::uint64_t hole) {
+    message_pattern const pattern(message);
+    if (hole > pattern.distinct_holes()) {
+        boost::throw_exception(IncorrectHoleCount(hole, pattern.distinct_holes()));
+    }
+    auto const & holes = pattern.holes();
+    auto const position = std::find_if(holes.begin(), holes.end(), [hole](message_pattern::hole const & h) {
+        return !h.has_name && static_cast<std::uint64_t>(h.number) == hole;
+    });
+    return position == holes.end() ? ustring() : codecvt_ascii_to_ustring(false).convert(position->type);
+}
+
+} // namespace fl::i18n

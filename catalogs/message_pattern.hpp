@@ -1,0 +1,57 @@
+#pragma once
+
+#include <fl/i18n/message_catalog.hpp>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unicode/msgfmt.h>
+#include <unicode/unistr.h>
+#include <vector>
+
+namespace fl::i18n {
+
+/// A message as a pattern with holes, at any depth: a hole inside a plural's branch counts like any other.
+class message_pattern {
+public:
+    /// A hole as it is written.
+    struct hole {
+        std::int32_t begin;  ///< where its opening brace is
+        std::int32_t end;    ///< the position after its closing brace
+        bool has_name;       ///< named instead of numbered
+        std::int32_t number; ///< the number of a numbered hole
+        ustring name;        ///< the name, or the number in digits
+        std::string type;    ///< the format type, empty for a plain hole
+    };
+
+    /// The text must outlive the object. Throws `MessageFormatIncorrect` and
+    /// `boost::numeric::positive_overflow`.
+    explicit message_pattern(std::u16string_view message);
+
+    /// Returns the holes in the order in which they are written.
+    std::vector<hole> const & holes() const { return holes_; }
+    /// Returns the number of different holes.
+    std::size_t distinct_holes() const { return distinct_holes_; }
+    /// Returns the number of arguments that the message takes: none when its first hole has a name.
+    std::size_t expected_arguments() const { return has_named_holes() ? 0 : distinct_holes_; }
+
+    /// Returns the message with its holes filled; throws as `MessageCatalog::GetFormattedMessage`.
+    ustring fill(std::vector<MessageCatalog::Argument> const & args,
+                 std::optional<numeric_format> const & format) const;
+
+private:
+    bool has_named_holes() const;
+    void collect_holes();
+    icu::UnicodeString with_doubles_written(std::vector<MessageCatalog::Argument> const & args,
+                                            std::optional<numeric_format> format) const;
+
+    std::u16string_view message_;
+    icu::UnicodeString pattern_;
+    icu::MessageFormat format_;
+    std::vector<hole> holes_;
+    std::size_t distinct_holes_ = 0;
+};
+
+} // namespace fl::i18n

@@ -1,0 +1,45 @@
+#include "catalogs/message_text_processor.hpp"
+
+#include <string_view>
+#include <utility>
+
+namespace fl::i18n::detail {
+
+namespace {
+
+constexpr std::string_view white_space = " \t\v\n\r\f";
+constexpr std::string_view line_breaks = "\n\f\r";
+
+void trim(std::string & text) {
+    text.erase(text.find_last_not_of(white_space) + 1);
+    text.erase(0, text.find_first_not_of(white_space));
+}
+
+} // namespace
+
+void MessageCatalogTextProcessor::add_chunk(std::string const & chunk) {
+    if (chunk.empty()) {
+        return;
+    }
+    if (pending_line_.find_first_of(line_breaks) == std::string::npos) {
+        pending_line_ += chunk;
+        return;
+    }
+    complete_line();
+    pending_line_ = chunk;
+}
+
+std::string MessageCatalogTextProcessor::extract_complete_message() {
+    complete_line();
+    return std::exchange(completed_, {});
+}
+
+void MessageCatalogTextProcessor::complete_line() {
+    trim(pending_line_);
+    completed_ += ' ';
+    completed_ += pending_line_;
+    trim(completed_);
+    pending_line_.clear();
+}
+
+} // namespace fl::i18n::detail

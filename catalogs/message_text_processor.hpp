@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+namespace fl::i18n::detail {
+
+/// Joins the lines of a message's text by single blanks, each without white space at its ends; blank lines
+/// vanish.
+///
+/// The text comes in chunks, however the XML parser splits it; a line break is always the end of a chunk.
+class MessageCatalogTextProcessor {
+public:
+    void add_chunk(std::string const & chunk);
+    /// Returns the text of all chunks since the last call.
+    std::string extract_complete_message();
+
+private:
+    void complete_line();
+
+    std::string pending_line_;
+    std::string completed_;
+};
+
+} // namespace fl::i18n::detail
