@@ -1,0 +1,250 @@
+#include "catalogs/catalog_event_handler.hpp"
+#include "catalogs/catalog_file_loader.hpp"
+#include "catalogs/catalog_map_event_handler.hpp"
+#include "tests/support/temporary_directory.hpp"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+namespace fl::i18n {
+namespace {
+
+using namespace std::string_literals;
+using texts = std::map<std::string, ustring>;
+
+std::optional<texts> load(filesystem::upath const & path) {
+    auto const store = std::make_shared<XMLCatalogDataStore>();
+    if (!XMLCatalogFileLoader().load(path, store)) {
+        return std::nullopt;
+    }
+    texts result;
+    for (auto const & key : store->keys()) {
+        auto const & text = *store->find(key);
+        result[key] = ustring(text.getBuffer(), static_cast<std::size_t>(text.length()));
+    }
+    return result;
+}
+
+std::string in_messages(std::string const & entries) {
+    return "<rsccat version='1.0' locale='en' x='y'>\r\n <message>" + entries + "</message>\r\n</rsccat>";
+}
+
+std::string utf16(std::u16string const & text) {
+    std::string bytes;
+    for (char16_t const unit : u"\uFEFF" + text) {
+        bytes += static_cast<char>(unit & 0xFF);
+        bytes += static_cast<char>(unit >> 8);
+    }
+    return bytes;
+}
+
+struct file_row {
+    char const * name;
+    std::string bytes;
+    std::optional<texts> expected;
+};
+
+class CatalogFile : public testing::TestWithParam<file_row> {};
+
+TEST_P(CatalogFile, IsLoadedOrRefused) {
+    test::temporary_directory const directory;
+    directory.write(u"c.xml", GetParam().bytes);
+    EXPECT_EQ(load(directory.path() / u"c.xml"), GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Good, CatalogFile,
+    testing::Values(
+        file_row{"Entries",
+                 in_messages("<entry key='a'>A</entry>text<entry x='1' key='b'>B</entry>"),
+                 {{{"a", u"A"}, {"b", u"B"}}}},
+        file_row{"NoMessages", "<rsccat/>", {texts()}}, file_row{"NoEntries", in_messages(""), {texts()}},
+        file_row{"EmptyEntry", in_messages("<entry key='a'/>"), {{{"a", u""}}}},
+        file_row{"FirstTextWins",
+                 in_messages("<entry key='a'>1</entry><entry key='a'>2</entry>"),
+                 {{{"a", u"1"}}}},
+        file_row{
+            "EntryAfterMessages", "<rsccat><message/><entry key='a'>A</entry></rsccat>", {{{"a", u"A"}}}},
+        file_row{"Lines",
+                 in_messages("<entry key='a'>\r\n  one  two\r\n\t\r\n three\n </entry>"),
+                 {{{"a", u"one  two three"}}}},
+        file_row{"References",
+                 in_messages("<entry key='a'>x&amp;y &lt;<![CDATA[<b>]]><!-- c -->z &#x3042;</entry>"),
+                 {{{"a", u"x&y <<b>z \u3042"}}}},
+        file_row{"Escapes",
+                 in_messages("<entry key='a'>\\n\\t\\\\\\u3042\\U0001F600\\x41\\101\\q</entry>"),
+                 {{{"a", u"\n\t\\\u3042\U0001F600AAq"}}}},
+        file_row{
+            "EscapedBlanksStay", in_messages("<entry key='a'> \\u0020x\\n </entry>"), {{{"a", u" x\n"}}}},
+        file_row{"MalformedEscape", in_messages("<entry key='a'>x\\u12</entry>"), {{{"a", u""}}}},
+        file_row{"Latin1",
+                 "<?xml version='1.0' encoding='ISO-8859-1'?>" + in_messages("<entry key='a'>\xE9</entry>"),
+                 {{{"a", u"\u00E9"}}}},
+        file_row{"Utf8ByteOrderMark",
+                 "\xEF\xBB\xBF" + in_messages("<entry key='a'>\xC3\xA9</entry>"),
+                 {{{"a", u"\u00E9"}}}},
+        file_row{"Utf16",
+                 utf16(u"<rsccat><message><entry key='\u00E9'>\u0D0A\u3042</entry></message></rsccat>"),
+                 {{{"\xC3\xA9", u"\u0D0A\u3042"}}}}),
+    [](auto const & row) { return row.param.name; });
+
+INSTANTIATE_TEST_SUITE_P(
+    Bad, CatalogFile,
+    testing::Values(file_row{"Empty", "", {}}, file_row{"NotXml", "text", {}},
+                    file_row{"Truncated", "<rsccat><message><entry key='a'>A</entry>", {}},
+                    file_row{"InvalidUtf8", in_messages("<entry key='a'>\xFF</entry>"), {}},
+                    file_row{"UnknownEncoding", "<?xml version='1.0' encoding='x-none'?><rsccat/>", {}},
+                    file_row{"OtherRoot", "<catalog/>", {}}, file_row{"RootInOtherCase", "<RscCat/>", {}},
+                    file_row{"MessagesAsRoot", "<message/>", {}},
+                    file_row{"EntryAsRoot", "<entry key='a'/>", {}},
+                    file_row{"RootInRoot", "<rsccat><rsccat/></rsccat>", {}},
+                    file_row{"RootInMessages", in_messages("<rsccat/>"), {}},
+                    file_row{"RootInEntry", in_messages("<entry key='a'><rsccat/></entry>"), {}},
+                    file_row{"EntryOutsideMessages", "<rsccat><entry key='a'/></rsccat>", {}},
+                    file_row{"MessagesTwice", "<rsccat><message/><message/></rsccat>", {}},
+                    file_row{"MessagesInMessages", in_messages("<message/>"), {}},
+                    file_row{"MessagesInEntry", in_messages("<entry key='a'><message/></entry>"), {}},
+                    file_row{"UnknownInRoot", "<rsccat><other/></rsccat>", {}},
+                    file_row{"UnknownInEntry", in_messages("<entry key='a'><b>x</b></entry>"), {}},
+                    file_row{"NoKey", in_messages("<entry>A</entry>"), {}},
+                    file_row{"EmptyKey", in_messages("<entry key=''>A</entry>"), {}},
+                    file_row{"KeyTwice", in_messages("<entry key='a' key='b'>A</entry>"), {}},
+                    file_row{
+                        "NestedEntry", in_messages("<entry key='a'>1<entry key='b'>2</entry>3</entry>"), {}}),
+    [](auto const & row) { return row.param.name; });
+
+TEST(CatalogLoader, RefusesWhatIsNoFile) {
+    test::temporary_directory const directory;
+    directory.make_directory(u"c.xml");
+    EXPECT_FALSE(load(directory.path() / u"c.xml"));
+    EXPECT_FALSE(load(directory.path() / u"none.xml"));
+    EXPECT_FALSE(load(u"relative.xml"));
+}
+
+// As many entries of one odd length as a block has bytes: each byte of an entry falls on a block's edge once.
+TEST(CatalogLoader, ReadsTheSameTextHoweverTheFileFallsIntoBlocks) {
+    std::string const content = "\r\n  one &amp; \xE3\x81\x82\xF0\x9F\x98\x80 two\r\n\r\n"
+                                " three&#10; ]] &lt;fours\r\n";
+    std::string entries;
+    texts expected;
+    for (int i = 1000; i < 2024; ++i) {
+        std::string const key = "k\xC3\xA9" + std::to_string(i);
+        entries += "<entry key='" + key + "'>" + content + "</entry>\n";
+        expected[key] = u"one & \u3042\U0001F600 two three ]] <fours";
+    }
+    ASSERT_EQ(entries.size() / 1024 % 2, 1u);
+    test::temporary_directory const directory;
+    directory.write(u"c.xml", in_messages(entries));
+    EXPECT_EQ(load(directory.path() / u"c.xml"), expected);
+}
+
+TEST(CatalogHandler, StoresANestedEntryBeforeItFails) {
+    XMLCatalogDataStore store;
+    MessageCatalogExpatEventHandler handler(store);
+    char const * none[] = {nullptr};
+    char const * outer[] = {"key", "outer", nullptr};
+    char const * inner[] = {"other", "x", "key", "", "key", "inner", "key", "late", nullptr};
+    EXPECT_TRUE(handler.start_element("rsccat", none) && handler.start_element("message", none));
+    EXPECT_TRUE(handler.character_data("ignored", 7));
+    EXPECT_TRUE(handler.start_element("entry", outer) && handler.character_data("one ", 4));
+    EXPECT_TRUE(handler.start_element("entry", inner) && handler.character_data("two", 3));
+    EXPECT_TRUE(handler.end_element("entry"));
+    EXPECT_FALSE(handler.end_element("entry"));
+    ASSERT_EQ(store.keys(), std::vector<std::string>{"inner"});
+    EXPECT_TRUE(*store.find("inner") == u"one two");
+}
+
+/// A store that cannot hold anything.
+class full_store final : public XMLCatalogDataStore {
+public:
+    explicit full_store(bool throws)
+        : throws_(throws) {}
+    bool add(std::string const &, std::string const &) override {
+        return throws_ ? throw std::length_error("full") : false;
+    }
+
+private:
+    bool throws_;
+};
+
+TEST(CatalogLoader, FailsWhenATextCannotBeHeld) {
+    test::temporary_directory const directory;
+    directory.write(u"c.xml", in_messages("<entry key='a'>A</entry>"));
+    auto const path = directory.path() / u"c.xml";
+    EXPECT_FALSE(XMLCatalogFileLoader().load(path, std::make_shared<full_store>(false)));
+    EXPECT_THROW(XMLCatalogFileLoader().load(path, std::make_shared<full_store>(true)), std::length_error);
+}
+
+TEST(CatalogStore, KeepsTextsWithoutSpareRoom) {
+    XMLCatalogDataStore store;
+    std::string text;
+    for (int i = 0; i < 1000; ++i) {
+        text += "\xE3\x81\x82";
+    }
+    EXPECT_TRUE(store.add("a", text));
+    EXPECT_EQ(store.find("a")->length(), 1000);
+    EXPECT_LE(store.find("a")->getCapacity(), 1016);
+    EXPECT_EQ(store.find("A"), nullptr);
+}
+
+TEST(MessageText, IsJoinedFromItsLines) {
+    struct row {
+        std::vector<std::string> chunks;
+        char const * expected;
+    };
+    for (row const & r : {
+             row{{}, ""},
+             row{{"", " \t\v\f\r\n "}, ""},
+             row{{" a  b\t", "c "}, "a  b\tc"},
+             row{{"a ", "\n", "", " b"}, "a b"},
+             row{{"a", "\n", "\n", "  \n", "b", "\n"}, "a b"},
+             row{{"a\f", "b\r", "c\v", "d"}, "a b c\vd"},
+             // A line break inside a chunk ends the line with the chunk, and stays.
+             row{{"a \n b", "c"}, "a \n b c"},
+         }) {
+        detail::MessageCatalogTextProcessor processor;
+        for (auto const & chunk : r.chunks) {
+            processor.add_chunk(chunk);
+        }
+        EXPECT_EQ(processor.extract_complete_message(), r.expected);
+        processor.add_chunk("next");
+        EXPECT_EQ(processor.extract_complete_message(), "next");
+    }
+}
+
+TEST(CatalogMap, ReadsItsKeys) {
+    struct row {
+        char const * text;
+        std::optional<std::set<ustring>> expected;
+    };
+    for (row const & r : {
+             row{"<MessageCatalogMap/>", {std::set<ustring>()}},
+             row{"<MessageCatalogMap>x<entry key='a:b'/><entry x='1' key='\xC3\xA9'>y</entry><entry "
+                 "key='a:b'/>"
+                 "</MessageCatalogMap>",
+                 {{u"a:b", u"\u00E9"}}},
+             row{"<MessageCatalogMap><entry key=''/></MessageCatalogMap>", {{u""}}},
+             row{"<MessageCatalogMap><entry/></MessageCatalogMap>", {std::set<ustring>()}},
+             row{"<MessageCatalogMap><entry key='a'><entry key='b'/></entry></MessageCatalogMap>", {}},
+             row{"<MessageCatalogMap><MessageCatalogMap/></MessageCatalogMap>", {}},
+             row{"<MessageCatalogMap><other/></MessageCatalogMap>", {}},
+             row{"<entry key='a'/>", {}},
+             row{"<rsccat/>", {}},
+         }) {
+        SCOPED_TRACE(r.text);
+        test::temporary_directory const directory;
+        directory.write(u"catalog_map.xml", r.text);
+        auto const keys = std::make_shared<std::set<ustring>>();
+        MetaInfoExpatEventHandler handler(keys);
+        bool const good = parse_file(directory.path() / u"catalog_map.xml", handler);
+        EXPECT_EQ(good, r.expected.has_value());
+        EXPECT_TRUE(!good || *keys == r.expected);
+    }
+}
+
+} // namespace
+} // namespace fl::i18n
