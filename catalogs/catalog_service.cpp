@@ -29,19 +29,17 @@ upath native_directory(ustring const & text) {
     if (text.find(u'\0') != ustring::npos) {
         return {};
     }
-    return filesystem::make_native_form(text, true);
+    std::wstring directory = filesystem::make_native_form(text, true);
+    // "x\\" is the directory "x"; a root keeps its separator.
+    constexpr std::size_t longest_root = std::wstring_view(L"C:\\").size();
+    while (directory.size() > longest_root && directory.back() == L'\\') {
+        directory.pop_back();
+    }
+    return directory;
 }
 
 bool has_resources(upath const & directory) {
     return !directory.empty() && filesystem::status(directory / u"resources").is_directory;
-}
-
-/// Narrows a locale name, which was widened byte by byte.
-std::string narrow(ustring const & name) {
-    std::string result;
-    std::transform(name.begin(), name.end(), std::back_inserter(result),
-                   [](char16_t c) { return static_cast<char>(c); });
-    return result;
 }
 
 resource_search::match find_file(std::vector<upath> const & roots, std::string const & id,
@@ -126,7 +124,7 @@ catalog_service::catalog_pointer catalog_service::add_catalog(std::string const 
         report->step = LookupStep::find_file;
     }
     auto const found = find_file(roots_, id, locale, report);
-    std::string const found_locale = narrow(found.locale_name);
+    std::string const found_locale = ascii::narrow(found.locale_name);
     std::vector<std::string> keys{key};
     if (!found.path.empty() && found_locale != locale_name) {
         std::string const found_key = id + ':' + found_locale;

@@ -72,7 +72,7 @@ numeric_format default_format() {
 
 /// Returns the double that a hole takes and that its message does not say how to write, or null.
 double const * double_for(message_pattern::hole const & hole, std::vector<Argument> const & args) {
-    if (hole.has_name || !hole.type.empty() || static_cast<std::size_t>(hole.number) >= args.size()) {
+    if (!hole.type.empty() || static_cast<std::size_t>(hole.number) >= args.size()) {
         return nullptr;
     }
     return std::get_if<double>(&args[static_cast<std::size_t>(hole.number)]);

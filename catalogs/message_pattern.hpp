@@ -34,7 +34,8 @@ public:
     std::vector<hole> const & holes() const { return holes_; }
     /// Returns the number of different holes.
     std::size_t distinct_holes() const { return distinct_holes_; }
-    /// Returns the number of arguments that the message takes: none when its first hole has a name.
+    /// Returns the number of arguments that the message takes: none when the name of its first hole begins
+    /// with a letter.
     std::size_t expected_arguments() const { return has_named_holes() ? 0 : distinct_holes_; }
 
     /// Returns the message with its holes filled; throws as `MessageCatalog::GetFormattedMessage`.

@@ -21,12 +21,11 @@ void MessageCatalogTextProcessor::add_chunk(std::string const & chunk) {
     if (chunk.empty()) {
         return;
     }
-    if (pending_line_.find_first_of(line_breaks) == std::string::npos) {
-        pending_line_ += chunk;
-        return;
+    if (line_is_complete_) {
+        complete_line();
     }
-    complete_line();
-    pending_line_ = chunk;
+    pending_line_ += chunk;
+    line_is_complete_ = chunk.find_first_of(line_breaks) != std::string::npos;
 }
 
 std::string MessageCatalogTextProcessor::extract_complete_message() {
@@ -40,6 +39,7 @@ void MessageCatalogTextProcessor::complete_line() {
     completed_ += pending_line_;
     trim(completed_);
     pending_line_.clear();
+    line_is_complete_ = false;
 }
 
 } // namespace fl::i18n::detail

@@ -18,6 +18,7 @@ private:
     void complete_line();
 
     std::string pending_line_;
+    bool line_is_complete_ = false; ///< the pending line holds a line break
     std::string completed_;
 };
 

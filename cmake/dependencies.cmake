@@ -1,7 +1,8 @@
 # The libraries that this one is built on, as imported targets:
 #   ICU::uc ICU::i18n ICU::data, Boost::headers Boost::filesystem, EXPAT::EXPAT,
 #   CLI11::CLI11 (the tool), GTest::gtest GTest::gtest_main (the tests)
-# FL_I18N_RUNTIME_DLLS lists the DLLs that a program for Windows needs beside it.
+# FL_I18N_RUNTIME_DLLS lists the DLLs that a program for Windows needs beside it, FL_I18N_RUNTIME_LIBRARIES the shared
+# libraries (with their links) that the native library needs beside it because the system does not have them.
 
 find_package(ICU 72 REQUIRED COMPONENTS uc i18n data)
 find_package(Boost 1.81 CONFIG REQUIRED COMPONENTS headers filesystem)
@@ -35,5 +36,17 @@ if(WIN32)
     foreach(path IN LISTS FL_I18N_RUNTIME_DLLS)
         cmake_path(GET path FILENAME name)
         file(COPY_FILE ${path} ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name} ONLY_IF_DIFFERENT)
+    endforeach()
+endif()
+
+set(FL_I18N_RUNTIME_LIBRARIES)
+if(NOT WIN32)
+    foreach(library IN ITEMS ICU::uc ICU::i18n ICU::data EXPAT::EXPAT)
+        get_target_property(path ${library} LOCATION)
+        if(NOT path MATCHES "^/(usr/)?lib")
+            string(REGEX REPLACE "\\.so.*" ".so" path ${path})
+            file(GLOB versions ${path}.*)
+            list(APPEND FL_I18N_RUNTIME_LIBRARIES ${versions})
+        endif()
     endforeach()
 endif()

@@ -10,6 +10,9 @@ configure_package_config_file(cmake/fl_i18n-config.cmake.in fl_i18n-config.cmake
 write_basic_package_version_file(fl_i18n-config-version.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/fl_i18n-config.cmake ${PROJECT_BINARY_DIR}/fl_i18n-config-version.cmake
     DESTINATION ${package_folder})
-# A folder that runs wherever it is put; elsewhere the library's own search path leads to its dependencies.
+# The installation runs wherever it is put.
 install(FILES ${FL_I18N_RUNTIME_DLLS} DESTINATION ${CMAKE_INSTALL_BINDIR})
-set_target_properties(fl_i18n PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
+install(FILES ${FL_I18N_RUNTIME_LIBRARIES} DESTINATION ${CMAKE_INSTALL_LIBDIR})
+if(NOT WIN32)
+    set_target_properties(fl_i18n PROPERTIES INSTALL_RPATH $ORIGIN)
+endif()

@@ -1,9 +1,9 @@
 #include "conversion/encoding_diagnostics.hpp"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <fl/i18n/ustring.hpp>
+#include <iostream>
 #include <string>
 
 namespace fl::i18n {
@@ -15,8 +15,7 @@ bool const enabled = std::getenv("QZ_CHAR_ENCODING_DIAG") != nullptr;
 /// Writes the line in one piece, so that those of several threads do not mix.
 void write_line(std::string line) {
     line += '\n';
-    std::fwrite(line.data(), 1, line.size(), stdout);
-    std::fflush(stdout);
+    std::cout << line << std::flush;
 }
 
 } // namespace

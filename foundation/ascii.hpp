@@ -58,4 +58,11 @@ inline std::u16string widen(std::string_view text) {
     return result;
 }
 
+/// Narrows a text that `widen` has made.
+inline std::string narrow(std::u16string_view text) {
+    std::string result(text.size(), '\0');
+    std::transform(text.begin(), text.end(), result.begin(), [](char16_t c) { return static_cast<char>(c); });
+    return result;
+}
+
 } // namespace fl::ascii

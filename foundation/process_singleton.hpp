@@ -7,17 +7,16 @@
 
 namespace fl {
 
-/// An object of the process: made on first use, destroyed when the library is unloaded.
+/// An object of the process: made on first use and never destroyed.
 ///
-/// To be defined at namespace scope (`constinit`). Its destruction is then registered when the library is
-/// loaded, so that it outlives every static object of the programs that use the library.
+/// So it serves threads that still run when the process ends, and the destructors of static objects. To be
+/// defined at namespace scope (`constinit`).
 template <class T>
 class process_singleton {
 public:
     constexpr process_singleton() = default;
     process_singleton(process_singleton const &) = delete;
     process_singleton & operator=(process_singleton const &) = delete;
-    ~process_singleton() { delete object_.load(std::memory_order_acquire); }
 
     /// Returns the object, which the first call makes with `make`, a function that returns
     /// `std::unique_ptr<T>`.

@@ -22,7 +22,7 @@ struct builtin_alias {
 struct builtin_encoding {
     std::string_view name;     ///< standard name
     std::string_view jvm_name; ///< name in the Java virtual machine, empty where it has none
-    std::string_view compat;   ///< encoding to open in its place, often a superset; empty where none
+    std::string_view compat;   ///< encoding to open where ICU does not know the name, empty where none
 };
 
 // The tables live for the whole process and are constant-initialised. Within each of the two families a name

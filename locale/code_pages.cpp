@@ -16,9 +16,14 @@ struct code_page_row {
 // The code pages whose encoding is not named after their number.
 // clang-format off
 constexpr code_page_row rows[] = {
+    {720,   "windows-720"},
     {1200,  "UTF-16LE"},
     {1201,  "UTF-16BE"},
     {10000, "macintosh"},
+    {10006, "x-mac-greek"},
+    {10007, "x-mac-cyrillic"},
+    {10029, "x-mac-centraleurroman"},
+    {10081, "x-mac-turkish"},
     {12000, "UTF-32LE"},
     {12001, "UTF-32BE"},
     {20127, "US-ASCII"},
@@ -36,7 +41,10 @@ constexpr code_page_row rows[] = {
     {28599, "ISO-8859-9"},
     {28603, "ISO-8859-13"},
     {28605, "ISO-8859-15"},
+    {38598, "ISO-8859-8"},
     {50220, "ISO-2022-JP"},
+    {50221, "ISO-2022-JP"},
+    {50222, "ISO-2022-JP"},
     {50225, "ISO-2022-KR"},
     {51932, "EUC-JP"},
     {51936, "GB2312"},

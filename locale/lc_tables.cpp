@@ -177,6 +177,9 @@ int lc_tables::modifyLcAliasName(std::string const & name, std::string const & a
     if (!is_usable_locale_name(alias)) {
         return table_invalid_name;
     }
+    if (alias == classic_name) {
+        return table_fixed_entry;
+    }
     if (!find_locale(name)) {
         return table_unknown_entry;
     }
@@ -238,6 +241,9 @@ int lc_tables::modifyCompatEncoding(std::string const & name, std::string const 
 int lc_tables::modifyEncodingAlias(std::string const & name, std::string const & alias) {
     if (!is_safe_encoding_name(alias)) {
         return table_invalid_name;
+    }
+    if (ascii::equal_ignoring_case(alias, classic_encoding)) {
+        return table_fixed_entry;
     }
     if (!find_encoding(name)) {
         return table_unknown_entry;

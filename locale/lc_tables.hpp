@@ -12,7 +12,7 @@ enum table_status : int {
     table_modified = 0,
     table_invalid_name = 1,  ///< a name holds characters that no locale or encoding name has, or is empty
     table_unknown_entry = 2, ///< there is no entry of that name
-    table_fixed_entry = 3,   ///< the entry is that of the classic locale, which does not change
+    table_fixed_entry = 3,   ///< the name is the classic locale's or its encoding's, which do not change
 };
 
 /// The data of one locale; the texts live until the tables are changed.

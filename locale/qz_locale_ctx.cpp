@@ -24,6 +24,9 @@ constexpr auto ctype_index = static_cast<std::size_t>(QzLocale::LcCategory::ctyp
 constexpr int l10n_requested = 1;
 constexpr int l10n_refused = 2;
 
+/// The status of a locale that was set though its encoding cannot be opened.
+constexpr int no_converter = -1;
+
 constexpr std::string_view init_source = "QzLocaleCtx::initLocaleMgmt";
 constexpr std::string_view global_source = "QzLocaleCtx::initGlobalLocale";
 constexpr std::string_view messages_source = "QzLocaleCtx::QzLocaleCtx::set_lc_messages";
@@ -85,8 +88,12 @@ QzLocaleCtx::QzLocaleCtx(startup_inputs inputs)
 QzLocaleCtx::~QzLocaleCtx() = default;
 
 void QzLocaleCtx::initQzLcCtx() {
-    publish(records_of(std::string(classic_name)));
-    log_.add("QzLocaleCtx::initQzLcCtx", "Locale context was initialized.");
+    constexpr std::string_view source = "QzLocaleCtx::initQzLcCtx";
+    if (int const status = publish(records_of(std::string(classic_name))); status != 0) {
+        log_.add_error(source, "Failed to set default locale", status);
+    } else {
+        log_.add(source, "Locale context was initialized.");
+    }
 }
 
 void QzLocaleCtx::initLocaleMgmt() {
@@ -106,6 +113,7 @@ void QzLocaleCtx::load_database() {
         log_.add(init_source, warning_message_);
         return;
     }
+    std::size_t const events_before = log_.entries().size();
     try {
         parse_lcdata(LcData(tables_, log_), path);
     } catch (LcRscExceptionBase const & failure) {
@@ -114,24 +122,30 @@ void QzLocaleCtx::load_database() {
         return;
     }
     database_path_ = path;
-    status_ = LcStatusInitialized;
+    if (log_.entries().size() == events_before) {
+        status_ = LcStatusInitialized;
+    } else {
+        warning_message_ = "Some entries of the XML locale database were refused.";
+    }
     log_.add(init_source, "XML locale database was loaded.");
 }
 
 void QzLocaleCtx::resolve_system_encodings() {
+    auto const resolve = [this](std::string & encoding) {
+        std::string known = known_encoding(encoding);
+        if (known.empty() && !encoding.empty()) {
+            log_.add(init_source, "The encoding is not known: " + encoding);
+        }
+        encoding = std::move(known);
+    };
+    resolve(system_settings_.encoding);
+    resolve(system_settings_.terminal_input_encoding);
+    resolve(system_settings_.terminal_output_encoding);
     std::string environment_encoding = to_readable_utf8(inputs_.environment["QZLOCALE_TERMINAL_ENCODING"]);
+    resolve(environment_encoding);
     if (!environment_encoding.empty()) {
         system_settings_.terminal_input_encoding = environment_encoding;
-        system_settings_.terminal_output_encoding = std::move(environment_encoding);
-    }
-    for (std::string * const encoding :
-         {&system_settings_.encoding, &system_settings_.terminal_input_encoding,
-          &system_settings_.terminal_output_encoding}) {
-        std::string known = known_encoding(*encoding);
-        if (known.empty() && !encoding->empty()) {
-            log_.add(init_source, "The encoding is not known: " + *encoding);
-        }
-        *encoding = std::move(known);
+        system_settings_.terminal_output_encoding = environment_encoding;
     }
 }
 
@@ -142,17 +156,23 @@ void QzLocaleCtx::initGlobalLocale() {
                        return QzLocaleImpl::category_record{c.name, c.system_name};
                    });
     locales_.push_back(std::make_unique<QzLocaleImpl const>(*this, records));
-    publish(std::move(records));
-    if (l10n_control_ == l10n_refused || (l10n_control_ != l10n_requested && system_locale_disables_l10n())) {
+    int const status = publish(std::move(records));
+    if (l10n_control_ == l10n_refused) {
         switch_l10n_off();
+    }
+    if (status != 0) {
+        log_.add_error(global_source, "Failed to set default locale", status);
     }
 }
 
-bool QzLocaleCtx::system_locale_disables_l10n() const {
-    std::string const name = tables_.resolve_locale(system_settings_.categories[messages_index].name);
-    std::string const value = ascii::to_lower(tables_.find_locale_option(name, "disable_l10n"));
+bool QzLocaleCtx::uses_l10n(std::string const & messages_name) const {
+    if (l10n_disabled_ || l10n_control_ == l10n_requested) {
+        return !l10n_disabled_;
+    }
+    std::string const name = tables_.resolve_locale(messages_name);
+    std::string const disable = ascii::to_lower(tables_.find_locale_option(name, "disable_l10n"));
     constexpr std::array<std::string_view, 4> words{"true", "yes", "on", "1"};
-    return std::find(words.begin(), words.end(), value) != words.end();
+    return std::find(words.begin(), words.end(), disable) == words.end();
 }
 
 QzLocaleImpl const & QzLocaleCtx::classic() const {
@@ -199,11 +219,12 @@ bool QzLocaleCtx::set_lc_messages(std::string const & name) {
         log_.add(messages_source, "Provided locale is same as current locale");
         return true;
     }
-    if (l10n_disabled_) {
+    records[messages_index] = {name, {}};
+    check_names(records);
+    if (!uses_l10n(name)) {
         log_.add(messages_source, "No operation was performed");
         return false;
     }
-    records[messages_index] = {name, {}};
     publish(std::move(records));
     log_.add(set_source, "Global Locale setting was changed.");
     return true;
@@ -220,12 +241,13 @@ void QzLocaleCtx::disable_l10n_resource() {
 
 bool QzLocaleCtx::get_l10n_resource_status() const {
     std::scoped_lock const lock(mutex_);
-    return !l10n_disabled_;
+    return l10n_in_use_;
 }
 
 void QzLocaleCtx::switch_l10n_off() {
     l10n_disabled_ = true;
     if (global().records()[messages_index].name == classic_name) {
+        l10n_in_use_ = false;
         log_.add(l10n_source, "No need to perform disable operation.");
         return;
     }
@@ -241,14 +263,18 @@ bool QzLocaleCtx::refuse_when_locked(std::string_view source) {
     return global_locked_;
 }
 
-void QzLocaleCtx::publish(QzLocaleImpl::category_records records) {
-    if (l10n_disabled_) {
+int QzLocaleCtx::publish(QzLocaleImpl::category_records records) {
+    check_names(records);
+    bool const localised = uses_l10n(records[messages_index].name);
+    if (!localised) {
         records[messages_index] = {classic_name, {}};
     }
     QzLocaleImpl const & locale = keep(std::move(records));
     UConverter const * const converter = keep_converter(encoding(locale.records()[ctype_index]));
     global_.exchange(&locale, std::memory_order_acq_rel);
     process_converter_.store(converter, std::memory_order_release);
+    l10n_in_use_ = localised;
+    return converter != nullptr ? 0 : no_converter;
 }
 
 QzLocaleImpl const & QzLocaleCtx::keep(QzLocaleImpl::category_records records) {
@@ -296,6 +322,16 @@ std::string QzLocaleCtx::find_standard_encoding_name(std::string_view name) cons
     return data ? std::string(data->name) : std::string();
 }
 
+std::string QzLocaleCtx::standard_or_given(std::string_view encoding) const {
+    std::string standard = find_standard_encoding_name(encoding);
+    return standard.empty() ? std::string(encoding) : standard;
+}
+
+std::string QzLocaleCtx::data_name(std::string const & locale_name) const {
+    std::string known = tables_.resolve_locale(locale_name);
+    return known.empty() ? locale_name : known;
+}
+
 std::string QzLocaleCtx::encoding(QzLocaleImpl::category_record const & ctype) const {
     if (!ctype.user_name.empty() && !system_settings_.encoding.empty()) {
         return system_settings_.encoding;
@@ -307,14 +343,13 @@ std::string QzLocaleCtx::encoding(QzLocaleImpl::category_record const & ctype) c
     if (!data) {
         return classic_encoding;
     }
-    std::string standard = find_standard_encoding_name(data->encoding);
-    return standard.empty() ? std::string(data->encoding) : standard;
+    return standard_or_given(data->encoding);
 }
 
 std::string QzLocaleCtx::xpg_name(QzLocaleImpl::category_record const & ctype) const {
     std::string const in_use = encoding(ctype);
     auto const data = tables_.find_locale(tables_.resolve_locale(ctype.name));
-    if (data && !data->xpg_name.empty() && find_standard_encoding_name(data->encoding) == in_use) {
+    if (data && !data->xpg_name.empty() && standard_or_given(data->encoding) == in_use) {
         return std::string(data->xpg_name);
     }
     std::string name = without_codeset(ctype.name);

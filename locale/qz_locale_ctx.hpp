@@ -57,6 +57,9 @@ public:
     void disable_l10n_resource();
     bool get_l10n_resource_status() const;
 
+    /// Returns the name under which there is data for a locale: what it is an alias of, else the name itself.
+    std::string data_name(std::string const & locale_name) const;
+
     /// Return what holds for a locale with this ctype record.
     std::string encoding(QzLocaleImpl::category_record const & ctype) const;
     std::string xpg_name(QzLocaleImpl::category_record const & ctype) const;
@@ -89,11 +92,14 @@ private:
     void load_database();
     void initGlobalLocale();
     void resolve_system_encodings();
-    bool system_locale_disables_l10n() const;
     std::string known_encoding(std::string_view name) const;
+    std::string standard_or_given(std::string_view encoding) const;
 
     // These expect the mutex to be held, or the start-up to run.
-    void publish(QzLocaleImpl::category_records records);
+    /// Tells whether localised resources are used for a messages locale.
+    bool uses_l10n(std::string const & messages_name) const;
+    /// Makes a locale the global one. Returns 0, or another status when its encoding has no converter.
+    int publish(QzLocaleImpl::category_records records);
     QzLocaleImpl const & keep(QzLocaleImpl::category_records records);
     UConverter const * keep_converter(std::string const & encoding);
     bool refuse_when_locked(std::string_view source);
@@ -112,6 +118,7 @@ private:
     std::atomic<UConverter const *> process_converter_ = nullptr;
     int l10n_control_ = 0;
     bool l10n_disabled_ = false;
+    bool l10n_in_use_ = true;
     bool global_locked_ = false;
     event_log log_;
     mutable std::mutex mutex_;

@@ -24,6 +24,8 @@ int paper_size(std::string const & locale_name) {
     return U_SUCCESS(status) && height == letter_height_mm ? paper_letter : paper_a4;
 }
 
+} // namespace
+
 void check_names(QzLocaleImpl::category_records const & records) {
     for (auto const & record : records) {
         if (!lcmgmt::is_valid_locale_name(record.name)) {
@@ -31,8 +33,6 @@ void check_names(QzLocaleImpl::category_records const & records) {
         }
     }
 }
-
-} // namespace
 
 std::size_t category_index(QzLocale::LcCategory category) {
     auto const index = static_cast<std::size_t>(category);
@@ -95,7 +95,7 @@ LcOptData QzLocaleImpl::getOptData(LcOptDataType item) const {
     case LcOptDataType::terminputencoding:
         return context_.terminal_input_encoding(record(LcCategory::ctype));
     case LcOptDataType::papersize:
-        return paper_size(record(LcCategory::ctype).name);
+        return paper_size(context_.data_name(record(LcCategory::ctype).name));
     }
     boost::throw_exception(QzLcInvLcArgument(std::to_string(static_cast<unsigned>(item))));
 }
@@ -113,7 +113,8 @@ QzLocaleImpl::category_records records_of(QzLocale const & locale) {
     QzLocaleImpl::category_records records;
     for (std::size_t i = 0; i < category_count; ++i) {
         auto const category = static_cast<QzLocale::LcCategory>(i);
-        records[i] = {locale.getLcName(category), locale.getUserLcName(category)};
+        records[i] = {locale.getLcName(category),
+                      locale.isUserLocale(category) ? locale.getUserLcName(category) : std::string()};
     }
     return records;
 }

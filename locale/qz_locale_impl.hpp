@@ -49,6 +49,9 @@ private:
     std::string xpg_name_;
 };
 
+/// Throws `QzLcInvLcName` for a name that is no locale name.
+void check_names(QzLocaleImpl::category_records const & records);
+
 /// Returns records that have one name for all categories.
 QzLocaleImpl::category_records records_of(std::string const & name);
 

@@ -1,3 +1,4 @@
+#include "foundation/ascii.hpp"
 #include "lookup/resource_search.hpp"
 
 #include <algorithm>
@@ -8,13 +9,6 @@ namespace fl::i18n {
 namespace {
 
 using filesystem::upath;
-
-/// Narrows a locale name, which was widened byte by byte.
-std::string narrow(ustring const & name) {
-    std::string result(name.size(), '\0');
-    std::transform(name.begin(), name.end(), result.begin(), [](char16_t c) { return static_cast<char>(c); });
-    return result;
-}
 
 auto find_same(std::vector<upath> const & paths, upath const & path) {
     std::wstring const native = make_native_form(path, false);
@@ -58,7 +52,7 @@ upath resource_finder::find(ustring const & pattern, QzLocale const & locale,
 upath resource_finder::find(ustring const & pattern, std::vector<ustring> const & locale_names,
                             ustring const & formatter) const {
     resource_search::match found = resource_search::find({base_paths_, pattern, formatter, locale_names});
-    found_locale_ = narrow(found.locale_name);
+    found_locale_ = ascii::narrow(found.locale_name);
     return std::move(found.path);
 }
 
@@ -80,7 +74,7 @@ upath resource_finder::find_resource(std::vector<upath> const & base_paths, ustr
                                      bool use_classic_default, ustring const & formatter) {
     auto const names = resource_search::locale_names(locale, use_classic_default);
     resource_search::match found = resource_search::find({base_paths, pattern, formatter, names});
-    found_locale = narrow(found.locale_name);
+    found_locale = ascii::narrow(found.locale_name);
     return std::move(found.path);
 }
 

@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 /// The one seam to the operating system: thin calls without policy.
 ///
@@ -98,8 +99,9 @@ std::wstring module_path(void const * address);
 
 /// The locale settings of the user and the system, as the system names them.
 struct locale_settings {
-    /// Per category, in `LcCategory` order: the name in the system's own form ("ja-JP", "ja_JP.UTF-8", "C").
-    std::array<std::string, 6> category_names;
+    /// Per category, in `LcCategory` order: the names in the system's own form ("ja-JP", "ja_JP.UTF-8", "C"),
+    /// the one that holds first, then those that hold where it cannot be used.
+    std::array<std::vector<std::string>, 6> category_names;
     /// The code page of narrow text, 0 where the category name tells the encoding.
     unsigned ansi_code_page = 0;
     /// The code pages of the terminal, 0 where there is no terminal or where it uses the locale's encoding.

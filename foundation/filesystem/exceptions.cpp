@@ -11,7 +11,7 @@ namespace {
 using i18n::ustring;
 
 std::string sentence(char const * text, ustring const & path) {
-    return std::string(text) + ": " + to_readable_utf8(path);
+    return path.empty() ? std::string(text) : std::string(text) + ": " + to_readable_utf8(path);
 }
 
 } // namespace

@@ -66,10 +66,11 @@ private:
     mutable std::mutex mutex_;
 };
 
+constinit posix_environment environment;
+
 } // namespace
 
 environment_access & process_environment() {
-    static posix_environment environment;
     return environment;
 }
 

@@ -16,9 +16,12 @@ constexpr std::array<std::u16string_view, 6> category_variables{
 
 std::string variable(std::u16string_view name) {
     environment_access const & environment = process_environment();
-    std::array<char16_t, 512> value;
-    std::size_t const length = environment.get_system(name.data(), value.data(), value.size());
-    return length < value.size() ? to_native_bytes({value.data(), length}) : std::string();
+    std::u16string value;
+    for (std::size_t needed = environment.get_system(name.data(), nullptr, 0); needed > value.size();
+         needed = environment.get_system(name.data(), value.data(), value.size())) {
+        value.resize(needed);
+    }
+    return to_native_bytes(value.c_str());
 }
 
 /// Returns the name of the time zone: from TZ, else from where the system's own setting points.
@@ -41,8 +44,11 @@ locale_settings query_locale_settings() {
     std::string const fallback = variable(u"LANG");
     for (std::size_t i = 0; i < category_variables.size(); ++i) {
         std::string const own = variable(category_variables[i]);
-        std::string const & chosen = !all.empty() ? all : !own.empty() ? own : fallback;
-        settings.category_names[i] = chosen.empty() ? "C" : chosen;
+        for (std::string const & name : {all, own, fallback}) {
+            if (!name.empty()) {
+                settings.category_names[i].push_back(name);
+            }
+        }
         settings.details[to_native_bytes(category_variables[i])] = own;
     }
     settings.details["LC_ALL"] = all;

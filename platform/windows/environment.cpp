@@ -40,10 +40,11 @@ public:
     }
 };
 
+constinit windows_environment environment;
+
 } // namespace
 
 environment_access & process_environment() {
-    static windows_environment environment;
     return environment;
 }
 

@@ -43,14 +43,15 @@ locale_settings query_locale_settings() {
     std::string const interface_language = name_of(MAKELCID(GetUserDefaultUILanguage(), SORT_DEFAULT));
 
     locale_settings settings;
-    settings.category_names.fill(user);
-    settings.category_names.back() = interface_language;
+    std::string const system = name_of(GetSystemDefaultLCID());
+    settings.category_names.fill({user, system});
+    settings.category_names.back() = {interface_language, user, system};
     settings.ansi_code_page = GetACP();
     settings.terminal_input_code_page = GetConsoleCP();
     settings.terminal_output_code_page = GetConsoleOutputCP();
     settings.details = {
         {"user_locale", user},
-        {"system_locale", name_of(GetSystemDefaultLCID())},
+        {"system_locale", system},
         {"thread_locale", name_of(GetThreadLocale())},
         {"user_interface_language", interface_language},
         {"ansi_code_page", std::to_string(settings.ansi_code_page)},

@@ -65,6 +65,7 @@ INSTANTIATE_TEST_SUITE_P(
         fill_row{"ChoiceMany", choice, {5.5, 1e300 * 1e300}, u"many INF"},
         fill_row{"SelectPlain", select, {ustring(u"a"), 1.5}, u"A 1.5000"},
         fill_row{"SelectTyped", select, {ustring(u"b"), 1.5}, u"other 1.5"},
+        fill_row{"DoubleInANamedHole", u"{_x}|{0}", {1.5, 2.5}, u"1.5000|1.5000"},
         fill_row{"NamedHolesStay", u"isn't {name} {0}", {}, u"isn't {name} {0}"}),
     [](auto const & row) { return row.param.name; });
 

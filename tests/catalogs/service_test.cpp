@@ -198,7 +198,7 @@ TEST_F(CatalogService, RemovesAdditionalLocations) {
     }
     EXPECT_NO_THROW(service_.remove_additional_location(gone));
     EXPECT_THROW(service_.remove_additional_location(gone), MessageCatalog::ResDirNotPresent);
-    EXPECT_NO_THROW(service_.remove_additional_location(path(u"one")));
+    EXPECT_NO_THROW(service_.remove_additional_location(path(u"one") + u'/'));
     EXPECT_THROW(service_.remove_additional_location(path(u"one")), MessageCatalog::ResourcePathNotFound);
     EXPECT_THROW(service_.remove_additional_location(path(u"bare")), MessageCatalog::ResDirNotPresent);
     EXPECT_THROW(service_.remove_additional_location(u""), MessageCatalog::InvalidPathSupplied);

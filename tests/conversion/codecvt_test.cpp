@@ -3,7 +3,6 @@
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/locale.hpp>
 #include <gtest/gtest.h>
-#include <vector>
 
 namespace fl::i18n {
 namespace {
@@ -168,10 +167,6 @@ TEST_F(LocaleEncodings, GiveTheTerminalConverters) {
 }
 
 TEST(Ascii, ReplacesOrThrows) {
-    struct row {
-        std::string bytes;
-        ustring units;
-    };
     char16_t units[4] = {};
     char bytes[4] = {};
     codecvt_ascii_to_ustring lenient_to(true), strict_to(false);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <boost/exception_ptr.hpp>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/ustring.hpp>

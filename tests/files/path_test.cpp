@@ -16,7 +16,7 @@ TEST(upath, joins_with_one_separator) {
         {L"a", L"b", L"a\\b"},         {L"a\\", L"b", L"a\\b"},   {L"a/", L"\\b", L"a\\b"},
         {L"a", L"\\b", L"a\\b"},       {L"", L"b", L"b"},         {L"a", L"", L"a"},
         {L"C:", L"b", L"C:b"},         {L"C:\\", L"b", L"C:\\b"}, {L"a", L"C:\\b", L"a\\C:\\b"},
-        {L"a\\", L"\\\\b", L"a\\\\b"},
+        {L"a\\", L"\\\\b", L"a\\\\b"}, {L"/a:", L"b", L"/a:\\b"}, {L"\\\\?\\C:", L"b", L"\\\\?\\C:\\b"},
     };
     for (auto const & row : rows) {
         EXPECT_EQ((row.left / row.right).native(), row.joined.native());

@@ -72,6 +72,7 @@ TEST(system_error, lists_both_paths_and_keeps_the_code) {
     EXPECT_EQ(e.code(), 87u);
     EXPECT_EQ(e.paths(), (std::vector<ustring>{u"a", u"b"}));
     EXPECT_EQ(mapped<InvalidArgument>(123, u"a", u"b").paths(), e.paths());
+    EXPECT_STREQ(PathNotFound(u"").what(), "The path does not exist");
 }
 
 } // namespace

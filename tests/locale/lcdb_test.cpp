@@ -111,13 +111,17 @@ TEST(LocaleDatabase, RecordsModificationsThatFail) {
     db.parse(in_lcdata(
         "<locale name='../x' encoding='UTF-8'/><locale name='en_US_POSIX' encoding='EUC-JP'/>"
         "<locale name='de_DE' encoding='../a'/><locale name='de_DE'><region_alias name='a:b'/></locale>"
-        "<codeset><encoding name='a/b' jvm_encoding='J'/></codeset>"));
+        "<locale name='fr_FR'><alias name='en_US_POSIX'/></locale>"
+        "<codeset><encoding name='a/b' jvm_encoding='J'/>"
+        "<encoding name='windows-1252'><encoding_alias name='utf-8'/></encoding></codeset>"));
     EXPECT_EQ(db.log.entries(), (std::vector<std::string>{
                                     "LcData::addLcName::modifyLcEntry - ../x:UTF-8 - 1",
                                     "LcData::addLcName::modifyDefEncoding - en_US_POSIX:EUC-JP - 3",
                                     "LcData::addLcName::modifyDefEncoding - de_DE:../a - 1",
                                     "LcData::addRegionAliasLcName::modifyLcAliasName - de_DE:a:b - 1",
+                                    "LcData::addAliasLcName::modifyLcAliasName - fr_FR:en_US_POSIX - 3",
                                     "LcData::addEncodingName::modifyEncodingDataEntry - a/b:J - 1",
+                                    "LcData::addEncodingAlias::modifyEncodingAlias - windows-1252:utf-8 - 3",
                                 }));
     EXPECT_EQ(db.tables.find_locale("de_DE")->encoding, "UTF-8");
 }

@@ -1,6 +1,7 @@
 #include "locale/locale_name.hpp"
 
 #include "locale/code_pages.hpp"
+#include "locale/qz_locale_ctx.hpp"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -83,6 +84,12 @@ TEST(CodePage, HasAnEncodingName) {
     EXPECT_EQ(encoding_of_code_page(932), "windows-932");
     EXPECT_EQ(encoding_of_code_page(437), "cp437");
     EXPECT_EQ(encoding_of_code_page(28605), "ISO-8859-15");
+    for (unsigned const page :
+         {437u,   720u,   737u,   850u,   874u,   932u,   936u,   949u,   950u,   1200u,  1250u,
+          1258u,  10000u, 10006u, 10007u, 10029u, 10081u, 20127u, 20866u, 20932u, 28591u, 38598u,
+          50220u, 50221u, 50222u, 50225u, 51949u, 52936u, 54936u, 65000u, 65001u}) {
+        EXPECT_TRUE(open_icu_converter(encoding_of_code_page(page))) << page;
+    }
 }
 
 } // namespace

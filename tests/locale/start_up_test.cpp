@@ -12,7 +12,7 @@ using LcCategory = QzLocale::LcCategory;
 
 startup_inputs inputs_for(std::string const & system_name) {
     startup_inputs inputs;
-    inputs.settings.category_names.fill(system_name);
+    inputs.settings.category_names.fill({system_name});
     return inputs;
 }
 
@@ -43,6 +43,8 @@ TEST(StartUp, ReportsWhatBecameOfTheDatabase) {
     for (row const & r : {
              row{"<lcdata><locale name='xx_YY' encoding='EUC-JP'/></lcdata>", LcStatusInitialized,
                  "QzLocaleCtx::initLocaleMgmt - XML locale database was loaded."},
+             row{"<lcdata><locale name='xx_YY' encoding='EUC-JP'><alias name='a/b'/></locale></lcdata>",
+                 LcStatusDefaultsInUse, "LcData::addAliasLcName::modifyLcAliasName - xx_YY:a/b - 1"},
              row{"<lcdata><locale name='xx_YY' encoding='EUC-JP'/><bad/></lcdata>", LcStatusDefaultsInUse,
                  "QzLocaleCtx::initLocaleMgmt::parseLcData - invalid XML locale database."},
              row{nullptr, LcStatusDefaultsInUse,
@@ -64,7 +66,9 @@ TEST(StartUp, ReportsWhatBecameOfTheDatabase) {
         EXPECT_TRUE(has_event(
             context,
             "get_lcdata_path - XML locale data file name was retrieved from QZLOCALE_LCDATA_FILENAME."));
-        EXPECT_EQ(context.database_path().empty(), r.status != LcStatusInitialized);
+        bool const was_read =
+            has_event(context, "QzLocaleCtx::initLocaleMgmt - XML locale database was loaded.");
+        EXPECT_EQ(context.database_path().empty(), !was_read);
         EXPECT_EQ(context.warning_message().empty(), r.status == LcStatusInitialized);
         EXPECT_EQ(context.global().getEncoding(), r.text != nullptr ? "EUC-JP" : "UTF-8");
     }
@@ -95,6 +99,8 @@ TEST(StartUp, BuildsTheSystemLocaleFromTheSettings) {
              row{"xx_YY", 0, "xx_YY", "xx_YY", "UTF-8", "xx_YY.UTF-8"},
              row{"iw_IL", 0, "he_IL", "iw_IL", "UTF-8", "he_IL.UTF-8"},
              row{"C", 0, "en_US_POSIX", "C", "UTF-8", "en_US_POSIX.UTF-8"},
+             row{"en_US_POSIX", 0, "en_US_POSIX", "en_US_POSIX", "UTF-8", "en_US_POSIX.UTF-8"},
+             row{"zh-CHT", 0, "zh_TW", "zh-CHT", "UTF-8", "zh_TW.UTF-8"},
              row{"../../etc/x", 0, "en_US_POSIX", "", "UTF-8", "en_US_POSIX.UTF-8"},
              row{"", 0, "en_US_POSIX", "", "UTF-8", "en_US_POSIX.UTF-8"},
          }) {
@@ -103,7 +109,7 @@ TEST(StartUp, BuildsTheSystemLocaleFromTheSettings) {
         inputs.settings.ansi_code_page = r.code_page;
         QzLocaleCtx const context(inputs);
         QzLocaleImpl const & locale = context.system();
-        EXPECT_EQ(&locale == &context.global() || locale == context.global(), true);
+        EXPECT_TRUE(locale == context.global());
         EXPECT_EQ(locale.getLcName(LcCategory::messages), r.name);
         EXPECT_EQ(locale.getUserLcName(LcCategory::ctype), r.user_name);
         EXPECT_EQ(locale.isUserLocale(LcCategory::ctype), *r.user_name != '\0');
@@ -111,6 +117,26 @@ TEST(StartUp, BuildsTheSystemLocaleFromTheSettings) {
         EXPECT_EQ(locale.getXpgName(), r.xpg_name);
         EXPECT_EQ(context.classic().getEncoding(), "UTF-8");
     }
+}
+
+TEST(StartUp, GoesOnFromAnUnusableNameToTheNextChoice) {
+    startup_inputs inputs;
+    inputs.settings.category_names.fill({"../../etc/x", "a:b", "ja_JP.eucJP", "de_DE"});
+    QzLocaleCtx const context(inputs);
+    EXPECT_EQ(context.system().getLcName(LcCategory::messages), "ja_JP");
+    EXPECT_EQ(context.system().getEncoding(), "EUC-JP");
+    EXPECT_TRUE(
+        has_event(context, "QzLocaleCtx::initGlobalLocale - The system's locale name cannot be used: a:b"));
+}
+
+TEST(StartUp, RecordsALocaleWhoseEncodingHasNoConverter) {
+    test::temporary_directory directory;
+    directory.write(u"lcdata.xml", "<lcdata><locale name='xx_YY' encoding='nonsense'/></lcdata>");
+    startup_inputs inputs = inputs_for("xx_YY");
+    inputs.environment["QZLOCALE_LCDATA_PATH"] = directory.path().string();
+    QzLocaleCtx const context(inputs);
+    EXPECT_EQ(context.process_converter(), nullptr);
+    EXPECT_TRUE(has_event(context, "QzLocaleCtx::initGlobalLocale - Failed to set default locale - -1"));
 }
 
 TEST(StartUp, KnowsTheTerminalEncodings) {
@@ -128,10 +154,9 @@ TEST(StartUp, KnowsTheTerminalEncodings) {
          {LcOptDataType::termencoding, LcOptDataType::terminputencoding, LcOptDataType::termoutputencoding}) {
         EXPECT_EQ(QzLocaleCtx(inputs).global().getOptData(item), LcOptData("Shift_JIS"));
     }
-    inputs.settings.terminal_output_code_page = 0;
     inputs.environment["QZLOCALE_TERMINAL_ENCODING"] = u"no-such-encoding";
     QzLocaleCtx const context(inputs);
-    EXPECT_EQ(context.global().getOptData(LcOptDataType::termoutputencoding), LcOptData("UTF-8"));
+    EXPECT_EQ(context.global().getOptData(LcOptDataType::termoutputencoding), LcOptData("IBM437"));
     EXPECT_TRUE(
         has_event(context, "QzLocaleCtx::initLocaleMgmt - The encoding is not known: no-such-encoding"));
 }
@@ -172,6 +197,9 @@ TEST(L10nControl, DecidesWithTheDatabaseAboutLocalisedResources) {
         EXPECT_EQ(context.get_l10n_resource_status(), r.localised);
         EXPECT_EQ(context.global().getLcName(LcCategory::messages), r.localised ? "ja_JP" : "en_US_POSIX");
         EXPECT_EQ(context.global().getLcName(LcCategory::ctype), "ja_JP");
+        context.set_global_locale("de_DE");
+        EXPECT_EQ(context.get_l10n_resource_status(), r.control != ustring(u"off"))
+            << "the switch is per locale";
         context.disable_l10n_resource();
         EXPECT_EQ(context.get_l10n_resource_status(), r.localised_after_disable);
     }

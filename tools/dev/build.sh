@@ -5,18 +5,25 @@ declare -A platform_of=([linux]=linux [windows]=windows [asan]=linux [tsan]=linu
 
 is_target() { [[ -n ${1:-} && -n ${platform_of[$1]:-} ]]; }
 
-# Fails unless the target is known and its dependencies are there.
-require_target() { # TARGET
-    is_target "${1:-}" || die "unknown target: ${1:-(none)}; there are linux, windows, asan and tsan"
+# Makes the dependencies of a target usable; fails when there is no such target.
+prepare_target() { # TARGET
+    is_target "$1" || die "unknown target: $1; there are linux, windows, asan and tsan"
+    prepare_dependencies
     [[ ${platform_of[$1]} == linux || $deps_mode == pinned ]] ||
         die "windows needs the pinned dependencies, which cannot be had here"
 }
 
-# The targets built when none is named.
-default_targets() {
-    echo linux
+# Prepares the targets named, or those built when none is: linux and, where it can be built, windows.
+prepare_targets() { # [TARGET]; leaves them in targets
+    if (($#)); then
+        prepare_target "$1"
+        targets=("$1")
+        return
+    fi
+    prepare_dependencies
+    targets=(linux)
     if [[ $deps_mode == pinned ]]; then
-        echo windows
+        targets+=(windows)
     else
         warn "leaving out windows: its dependencies are not here"
     fi
@@ -49,11 +56,9 @@ dependencies_in_use() { # PLATFORM
 
 command_build() {
     (($# <= 1)) || die "usage: ./dev build [TARGET]"
-    prepare_dependencies
     local target targets
-    targets=${1:-$(default_targets)}
-    for target in $targets; do
-        require_target "$target"
+    prepare_targets "$@"
+    for target in "${targets[@]}"; do
         build_target "$target" || die "building $target failed"
     done
 }
@@ -126,16 +131,13 @@ test_targets() { # COUNT TARGET... CTEST-OPTION...
 }
 
 command_test() {
-    prepare_dependencies
-    prepare_message_files
-    local targets=()
+    local targets named=()
     if [[ -n ${1:-} && $1 != -* ]]; then
-        require_target "$1"
-        targets=("$1")
+        named=("$1")
         shift
-    else
-        mapfile -t targets < <(default_targets)
     fi
+    prepare_targets "${named[@]}"
+    prepare_message_files
     test_targets "${#targets[@]}" "${targets[@]}" "$@" || die "the tests failed"
 }
 
@@ -147,8 +149,7 @@ command_check() {
 
 command_install() {
     (($# == 2)) || die "usage: ./dev install TARGET PREFIX"
-    prepare_dependencies
-    require_target "$1"
+    prepare_target "$1"
     build_target "$1" || die "building $1 failed"
     cmake --install "$root/build/$1" --prefix "$(cd "$caller" && realpath -m "$2")"
 }

@@ -40,9 +40,11 @@ need_packages() { # PACKAGE...
         installed "$package" || missing+=("$package")
     done
     ((${#missing[@]})) || return 0
-    ((EUID == 0)) || die "please install as root: apt-get install ${missing[*]}"
-    local log=$cache/logs/apt.log
-    timed "[deps] installing ${missing[*]}" install_packages "$log" "${missing[@]}" || exit 1
+    if ((EUID != 0)); then
+        warn "please install as root: apt-get install ${missing[*]}"
+        return 1
+    fi
+    timed "[deps] installing ${missing[*]}" install_packages "$cache/logs/apt.log" "${missing[@]}"
 }
 
 install_packages() { # LOG PACKAGE...

@@ -60,29 +60,32 @@ prepare_dependencies() {
     need_packages "${base_packages[@]}"
     if [[ ${FL_I18N_DEPS:-} == system ]]; then
         use_system_dependencies
-        return
+    elif need_packages "${windows_packages[@]}" && have_sources_or_cache; then
+        fill_cache
+        link_dependencies
+        deps_mode=pinned
+    else
+        warn "the pinned ICU, Boost and Expat (suite $pinned_suite) and the tools to build them for Windows cannot be" \
+            "had here: building for linux only, against the distribution's own versions"
+        use_system_dependencies
     fi
-    need_packages "${windows_packages[@]}"
-    if [[ -n $(missing_dependencies) ]]; then
-        mkdir -p "$cache/deps"
-        exec 9>"$cache/lock"
-        flock -n 9 || { say "[deps] waiting for another ./dev that fills the cache" && flock 9; }
-        local missing
-        missing=$(missing_dependencies)
-        if [[ -n $missing ]]; then
-            if ! fetch_sources; then
-                warn "the pinned sources of ICU, Boost and Expat (suite $pinned_suite) cannot be had from this" \
-                    "machine's mirror: building for linux only, against the distribution's own versions"
-                use_system_dependencies
-                exec 9>&-
-                return
-            fi
-            timed "[deps] all" build_missing "$missing" || exit 1
-        fi
-        exec 9>&-
-    fi
-    link_dependencies
-    deps_mode=pinned
+}
+
+# Takes the cache's lock when packages are missing there, and then fetches their sources.
+have_sources_or_cache() {
+    [[ -n $(missing_dependencies) ]] || return 0
+    mkdir -p "$cache/deps"
+    exec 9>"$cache/lock"
+    flock -n 9 || { say "[deps] waiting for another ./dev that fills the cache" && flock 9; }
+    [[ -z $(missing_dependencies) ]] || fetch_sources || { exec 9>&- && return 1; }
+}
+
+# Builds what is missing and gives the lock back.
+fill_cache() {
+    local missing
+    missing=$(missing_dependencies)
+    [[ -z $missing ]] || timed "[deps] all" build_missing "$missing" || die "the dependencies could not be built"
+    exec 9>&-
 }
 
 use_system_dependencies() {
@@ -166,15 +169,15 @@ offered_version() { # DEPENDENCY APT-OPTION...
 
 # Builds the missing packages in two lanes: ICU, whose Windows build needs the native one's tools, and all others.
 build_missing() { # LIST
-    rm -rf "$cache/work"
-    mkdir -p "$cache/work"
+    rm -rf "$cache/building"
+    mkdir -p "$cache/building"
     rm -f "$cache"/logs/*-linux.log "$cache"/logs/*-windows.log
     build_lane "$(grep '^icu ' <<<"$1")" &
     local icu_lane=$! failed=
     build_lane "$(grep -v '^icu ' <<<"$1")" || failed=yes
     wait "$icu_lane" || failed=yes
     [[ -z $failed ]] || return 1
-    rm -rf "$cache/work" "$cache/sources" "$cache/apt"
+    rm -rf "$cache/building" "$cache/sources" "$cache/apt"
 }
 
 build_lane() { # LIST
@@ -189,7 +192,7 @@ build_lane() { # LIST
 build_one() { # DEPENDENCY TARGET
     local place stage log=$cache/logs/$1-$2.log
     place=$(place_of "$1" "$2")
-    stage=$cache/work/$1-$2.stage
+    stage=$cache/building/$1-$2.stage
     logged "$log" "build_$1" "$2" "$stage" "$place" || return 1
     mv -T "$stage" "$place"
 }

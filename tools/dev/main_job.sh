@@ -36,9 +36,8 @@ message_table() { # TARGET
 
 command_run() {
     (($# == 0)) || die "usage: ./dev run"
-    prepare_dependencies
     local target targets first failed=
-    mapfile -t targets < <(default_targets)
+    prepare_targets
     for target in "${targets[@]}"; do
         build_target "$target" fl-i18n || die "building $target failed"
     done

@@ -4,7 +4,7 @@
 
 # Unpacks the upstream sources of a dependency, once.
 unpack() { # DEPENDENCY; prints the folder
-    local folder=$cache/work/$1-source
+    local folder=$cache/building/$1-source
     if [[ ! -d $folder ]]; then
         mkdir -p "$folder.part" &&
             tar -xf "$(echo "$cache/sources/${source_package[$1]}"_*.orig.tar.?z)" -C "$folder.part" --strip-components=1 &&
@@ -15,7 +15,7 @@ unpack() { # DEPENDENCY; prints the folder
 
 # Configures, builds and installs a CMake project.
 cmake_build() { # NAME TARGET STAGE SOURCE OPTION...
-    local build=$cache/work/$1-$2 stage=$3 source=$4 toolchain=()
+    local build=$cache/building/$1-$2 stage=$3 source=$4 toolchain=()
     [[ $2 == windows ]] && toolchain=(-DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake")
     cmake -S "$source" -B "$build" -G Ninja "${toolchain[@]}" -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_INSTALL_PREFIX="$stage" -DCMAKE_INSTALL_LIBDIR=lib -DCMAKE_POSITION_INDEPENDENT_CODE=ON "${@:5}" &&
@@ -26,12 +26,12 @@ cmake_build() { # NAME TARGET STAGE SOURCE OPTION...
 
 # Shared libraries. The native build folder stays beside the Windows one, which runs its tools.
 build_icu() {
-    local source native build=$cache/work/icu-$1 options=()
+    local source native build=$cache/building/icu-$1 options=()
     source=$(unpack icu)/source || return 1
-    native=$cache/work/icu-linux
+    native=$cache/building/icu-linux
     if [[ $1 == windows ]]; then
         # The tools may be gone when the native package was finished in an earlier run.
-        [[ -x $native/bin/icupkg ]] || build_icu linux "$cache/work/icu-again" "$3" || return 1
+        [[ -x $native/bin/icupkg ]] || build_icu linux "$cache/building/icu-again" "$3" || return 1
         options=(--host=x86_64-w64-mingw32 --with-cross-build="$native" --disable-tools
             CC=x86_64-w64-mingw32-gcc-posix CXX=x86_64-w64-mingw32-g++-posix)
     else

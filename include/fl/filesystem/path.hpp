@@ -89,8 +89,7 @@ public:
         NativeChar const last = native_.back();
         if (is_separator(last) && is_separator(right.native_.front())) {
             native_.pop_back();
-        } else if (!is_separator(last) && last != traits::VOLUME_SEPARATOR_CHARACTER &&
-                   !is_separator(right.native_.front())) {
+        } else if (!is_separator(last) && !is_drive() && !is_separator(right.native_.front())) {
             native_ += traits::PATHNAME_SEPARATOR_CHARACTER;
         }
         native_ += right.native_;
@@ -103,6 +102,14 @@ public:
     friend bool operator==(basic_path const & left, basic_path const & right) = default;
 
 private:
+    /// Tells whether the text is a drive letter and a colon.
+    bool is_drive() const {
+        NativeChar const letter = native_.size() == 2 ? native_[0] : NativeChar();
+        return native_.size() == 2 && native_[1] == pathname_traits<NativeChar>::VOLUME_SEPARATOR_CHARACTER &&
+               ((letter >= NativeChar('A') && letter <= NativeChar('Z')) ||
+                (letter >= NativeChar('a') && letter <= NativeChar('z')));
+    }
+
     native_string_type native_;
 };
 

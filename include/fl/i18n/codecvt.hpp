@@ -16,8 +16,8 @@ struct conversion_record;
 
 /// Converts narrow text of a named encoding into UTF-16.
 ///
-/// Every operation of an object that was moved from throws `CvtConversionFailure`. After a failed conversion
-/// the converter is usable as before.
+/// An object that was moved from can be assigned to; every other operation that needs its converter throws
+/// `CvtConversionFailure`. After a failed conversion the converter is usable as before.
 class FL_I18N_API codecvt_string_to_ustring : public converter<char16_t, char> {
 public:
     /// Opens a converter; an empty name means the global locale's encoding.
@@ -39,7 +39,7 @@ public:
     void change_call_back(codecvt_call_back_mode mode);
     /// Returns to `call_back_default`.
     void reset_call_back();
-    /// Returns the mode last applied with success.
+    /// Returns the mode in force; `call_back_default` after a refused change too.
     codecvt_call_back_mode get_call_back_mode() const;
 
 protected:
@@ -54,8 +54,8 @@ private:
 
 /// Converts UTF-16 into narrow text of a named encoding.
 ///
-/// Every operation of an object that was moved from throws `CvtConversionFailure`. After a failed conversion
-/// the converter is usable as before.
+/// An object that was moved from can be assigned to; every other operation that needs its converter throws
+/// `CvtConversionFailure`. After a failed conversion the converter is usable as before.
 class FL_I18N_API codecvt_ustring_to_string : public converter<char, char16_t> {
 public:
     /// Opens a converter; an empty name means the global locale's encoding.
@@ -81,7 +81,7 @@ public:
     void change_call_back(codecvt_call_back_mode mode, std::string const & substitution);
     /// Returns to `call_back_default`.
     void reset_call_back();
-    /// Returns the mode last applied with success.
+    /// Returns the mode in force; `call_back_default` after a refused change too.
     codecvt_call_back_mode get_call_back_mode() const;
 
 protected:

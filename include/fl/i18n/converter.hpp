@@ -88,8 +88,8 @@ public:
     ~CvtSizeTooLarge() override;
 };
 
-/// A conversion failed for any other reason; a source that ends within a character is one when conversion
-/// stops at invalid input.
+/// A conversion failed for any other reason; a source that ends within a character or with a lone surrogate
+/// is one when conversion stops at invalid input.
 class FL_I18N_API CvtConversionFailure : public CvtExceptionBase {
 public:
     CvtConversionFailure();
@@ -108,6 +108,9 @@ public:
 /// To Unicode only `call_back_default` and `call_back_stop` are supported. From Unicode every mode but
 /// `call_back_skip` is; there a value with a bit of 0x7F00 that is none of the escape modes escapes in the
 /// conversion library's default format.
+///
+/// Invisible characters that the target encoding lacks, such as a soft hyphen or a zero-width space, vanish
+/// in every mode unless the conversion library comes with call-backs that heed them.
 enum codecvt_call_back_mode : std::int32_t {
     call_back_default = 0,           ///< substitute as the encoding does by default
     call_back_stop = 1,              ///< fail at the first such character

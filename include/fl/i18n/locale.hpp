@@ -131,12 +131,13 @@ public:
     virtual std::string getTerritory(LcCategory category) const = 0;
     /// Returns the XPG-style name of the ctype category with its encoding, such as "ja_JP.UTF-8".
     virtual std::string getXpgName() const = 0;
-    /// Returns the standard name of the encoding of narrow text in this locale.
+    /// Returns the name of the encoding of narrow text in this locale: the standard name, or the spelling of
+    /// the locale name or database where the tables know none.
     virtual std::string getEncoding() const = 0;
     /// Returns an optional data item.
     ///
-    /// Throws `QzLcInvLcArgument` for a value that is no item and `QzLcDataNotFound` when the locale's
-    /// encoding is unknown to the tables and to the conversion library.
+    /// Throws `QzLcInvLcArgument` for a value that is no item and, for `jvmencoding`, `QzLcDataNotFound` when
+    /// the encoding is unknown to the tables and to the conversion library.
     virtual LcOptData getOptData(LcOptDataType item) const = 0;
 
     /// Returns the classic locale: "en_US_POSIX" in every category, encoding "UTF-8".
@@ -191,8 +192,10 @@ FL_I18N_API void change_global_locale(QzLocale const & locale);
 /// recorded in the event log.
 FL_I18N_API void lock_global_locale_setting();
 
-/// Changes the messages category of the global locale. Returns true when the name is in force afterwards,
-/// false when changes are locked or localised resources are disabled; throws `QzLcInvLcName`.
+/// Changes the messages category of the global locale.
+///
+/// Returns true when the name is in force afterwards, and false, with nothing changed, when global changes
+/// are locked or localised resources are disabled. Throws `QzLcInvLcName` unless changes are locked.
 FL_I18N_API bool set_lc_messages(std::string const & name);
 
 /// Switches localised resources off: the messages category of the global locale becomes the classic one.
@@ -201,13 +204,16 @@ FL_I18N_API bool set_lc_messages(std::string const & name);
 /// changes of the global locale are locked.
 FL_I18N_API void disable_l10n_resource();
 
-/// Tells whether localised resources are in use.
+/// Tells whether localised resources are in use: they are switched off by `disable_l10n_resource`, by
+/// QZLOCALE_L10N_CONTROL, or by the locale database for the messages locale.
 FL_I18N_API bool get_l10n_resource_status();
 
 namespace experimental {
 
-/// Makes the locale of a name the global one. Returns false, with nothing changed, when global changes are
-/// locked; throws `QzLcInvLcName`.
+/// Makes the locale of a name the global one.
+///
+/// Returns false, with nothing changed, when global changes are locked; otherwise throws `QzLcInvLcName` for
+/// a name that is none.
 FL_I18N_API bool set_global_locale(std::string const & name);
 
 } // namespace experimental

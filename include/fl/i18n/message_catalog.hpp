@@ -134,8 +134,9 @@ public:
     /// Sets the roots, in search order, and returns whether there were none before.
     ///
     /// A root without a subdirectory "resources" is left out. The additional resource locations follow the
-    /// given ones. Throws `MessageCatalogIncorrectRoot` when no root is left, and exceptions of the file
-    /// system; the roots then stay as they were. Catalogs already in the cache stay there.
+    /// given ones. Throws `MessageCatalogIncorrectRoot` when no root is left, or when the first call gives
+    /// none, and exceptions of the file system; the roots then stay as they were. Catalogs already in the
+    /// cache stay there.
     static bool MessageCatalogInit(ustring const & root);
     static bool MessageCatalogInit(std::vector<ustring> const & roots);
     /// Sets the roots and opens catalogs for the global locale.
@@ -199,9 +200,10 @@ public:
 
     /// Fills the holes of a message, a pattern of ICU's `MessageFormat` in which a single apostrophe is text.
     ///
-    /// Element 0 of the arguments fills hole 0. `format` is for doubles in holes without a format of their
-    /// own; by default the registered provider chooses, else it is `numeric_format::simple_short`. A message
-    /// whose first hole has a name is returned unchanged when there are no arguments.
+    /// Element 0 of the arguments fills hole 0, and a named hole beside numbered ones. `format` is for
+    /// doubles in holes without a format of their own; by default the registered provider chooses, else it is
+    /// `numeric_format::simple_short`. A message whose first hole has a name that begins with a letter takes
+    /// no arguments and is returned unchanged.
     ///
     /// Throws `IncorrectHoleCount` when the number of arguments is not that of the distinct holes,
     /// `MessageFormatIncorrect` when the message is no pattern or an argument does not fit its hole, and

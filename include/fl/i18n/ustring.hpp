@@ -11,7 +11,8 @@
 /// Conversions between `ustring` and the other string types of a process.
 ///
 /// An empty source, and a null pointer where one is taken, gives an empty result. Pointers without a length
-/// are to texts that end with NUL. Any thread may call the functions.
+/// are to texts that end with NUL. Any thread may call the functions;
+/// those that take a converter keep its rule about threads.
 namespace fl::i18n {
 
 /// Returns text of the process encoding, that of the global locale, as UTF-16.
@@ -45,8 +46,9 @@ FL_I18N_API ustring to_ustring(wchar_t const * text);
 
 /// Returns UTF-16 text in the process encoding, that of the global locale.
 ///
-/// Characters that the encoding lacks, and lone surrogates, become the encoding's substitution character.
-/// Throws `CvtConversionFailure` when no converter can be had for the encoding.
+/// Characters that the encoding lacks, and lone surrogates, become the encoding's substitution character;
+/// invisible ones, such as a soft hyphen, vanish where the encoding lacks them. Throws `CvtConversionFailure`
+/// when no converter can be had for the encoding.
 FL_I18N_API std::string to_string(ustring const & text);
 
 /// Returns the narrow text that a converter makes of a UTF-16 text.
