@@ -17,7 +17,7 @@ struct parser_closer {
 using parser_handle = std::unique_ptr<std::remove_pointer_t<XML_Parser>, parser_closer>;
 
 /// What Expat's callbacks share; an exception must not cross its frames.
-struct session {
+struct parse_state {
     XML_Parser parser;
     event_sink & sink;
     std::exception_ptr failure;
@@ -25,7 +25,7 @@ struct session {
 
     template <class Event>
     static void deliver(void * user_data, Event event) {
-        auto & self = *static_cast<session *>(user_data);
+        auto & self = *static_cast<parse_state *>(user_data);
         // Expat still reports the end of an empty element at whose start it was stopped.
         if (self.stopped) {
             return;
@@ -45,21 +45,22 @@ struct session {
 void XMLCALL declaration(void * user_data, char const * version, char const * encoding, int) {
     // Expat reports the text declarations of external entities here too, which have no version.
     if (version != nullptr) {
-        session::deliver(user_data,
-                         [=](event_sink & sink) { return sink.on_declaration(version, encoding); });
+        parse_state::deliver(user_data,
+                             [=](event_sink & sink) { return sink.on_declaration(version, encoding); });
     }
 }
 
 void XMLCALL start_element(void * user_data, char const * name, char const ** attributes) {
-    session::deliver(user_data, [=](event_sink & sink) { return sink.on_start_element(name, attributes); });
+    parse_state::deliver(user_data,
+                         [=](event_sink & sink) { return sink.on_start_element(name, attributes); });
 }
 
 void XMLCALL end_element(void * user_data, char const * name) {
-    session::deliver(user_data, [=](event_sink & sink) { return sink.on_end_element(name); });
+    parse_state::deliver(user_data, [=](event_sink & sink) { return sink.on_end_element(name); });
 }
 
 void XMLCALL character_data(void * user_data, char const * text, int length) {
-    session::deliver(user_data, [=](event_sink & sink) {
+    parse_state::deliver(user_data, [=](event_sink & sink) {
         return sink.on_character_data({text, static_cast<std::size_t>(length)});
     });
 }
@@ -86,7 +87,7 @@ read_result read_document(std::FILE * file, char const * forced_encoding, event_
     if (!parser) {
         return {read_status::no_parser};
     }
-    session state{parser.get(), sink, nullptr, false};
+    parse_state state{parser.get(), sink, nullptr, false};
     XML_SetUserData(parser.get(), &state);
     XML_SetXmlDeclHandler(parser.get(), declaration);
     XML_SetElementHandler(parser.get(), start_element, end_element);
