@@ -1,36 +1,21 @@
-#include <algorithm>
+#include "conversion/unit_copy.hpp"
+
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/ustring.hpp>
-#include <string_view>
+#include <string>
 
 namespace fl::i18n {
 
-namespace {
-
-template <class To, class From>
-void copy_units(To * destination, From const * source, std::size_t length) {
-    std::transform(source, source + length, destination, [](From unit) { return static_cast<To>(unit); });
-}
-
-template <class To, class From>
-std::basic_string<To> copy_text(std::basic_string_view<From> text) {
-    std::basic_string<To> result(text.size(), To());
-    copy_units(result.data(), text.data(), text.size());
-    return result;
-}
-
-} // namespace
-
 ustring to_ustring(std::wstring const & text) {
-    return copy_text<char16_t, wchar_t>(text);
+    return copy_text<char16_t>(text.data(), text.size());
 }
 
 ustring to_ustring(wchar_t const * text) {
-    return text ? copy_text<char16_t, wchar_t>(text) : ustring();
+    return text ? copy_text<char16_t>(text, std::char_traits<wchar_t>::length(text)) : ustring();
 }
 
 std::wstring to_wstring(ustring const & text) {
-    return copy_text<wchar_t, char16_t>(text);
+    return copy_text<wchar_t>(text.data(), text.size());
 }
 
 codecvt_wstring_to_ustring::codecvt_wstring_to_ustring() = default;
@@ -43,12 +28,12 @@ std::size_t codecvt_wstring_to_ustring::do_get_destination_size(wchar_t const *,
 
 std::size_t codecvt_wstring_to_ustring::do_convert(char16_t * destination, std::size_t destination_length,
                                                    wchar_t const * source, std::size_t source_length) const {
-    copy_units(destination, source, std::min(destination_length, source_length));
+    copy_units(destination, destination_length, source, source_length);
     return source_length;
 }
 
 ustring codecvt_wstring_to_ustring::do_convert(wchar_t const * source, std::size_t source_length) {
-    return copy_text<char16_t, wchar_t>({source, source_length});
+    return copy_text<char16_t>(source, source_length);
 }
 
 codecvt_ustring_to_wstring::codecvt_ustring_to_wstring() = default;
@@ -61,12 +46,12 @@ std::size_t codecvt_ustring_to_wstring::do_get_destination_size(char16_t const *
 
 std::size_t codecvt_ustring_to_wstring::do_convert(wchar_t * destination, std::size_t destination_length,
                                                    char16_t const * source, std::size_t source_length) const {
-    copy_units(destination, source, std::min(destination_length, source_length));
+    copy_units(destination, destination_length, source, source_length);
     return source_length;
 }
 
 std::wstring codecvt_ustring_to_wstring::do_convert(char16_t const * source, std::size_t source_length) {
-    return copy_text<wchar_t, char16_t>({source, source_length});
+    return copy_text<wchar_t>(source, source_length);
 }
 
 } // namespace fl::i18n

@@ -1,3 +1,5 @@
+#include "conversion/unit_copy.hpp"
+
 #include <algorithm>
 #include <fl/filesystem/file.hpp>
 #include <fl/i18n/locale.hpp>
@@ -6,23 +8,9 @@ namespace fl::filesystem {
 
 namespace {
 
+using i18n::copy_text;
+using i18n::copy_units;
 using i18n::ustring;
-
-/// Copies the units that fit and returns their number.
-template <class To, class From>
-std::size_t copy_units(To * destination, std::size_t destination_length, From const * source,
-                       std::size_t source_length) {
-    std::size_t const length = std::min(destination_length, source_length);
-    std::transform(source, source + length, destination, [](From unit) { return static_cast<To>(unit); });
-    return length;
-}
-
-template <class To, class From>
-std::basic_string<To> copy_text(From const * source, std::size_t length) {
-    std::basic_string<To> result(length, To());
-    copy_units(result.data(), length, source, length);
-    return result;
-}
 
 std::string system_encoding() {
     return i18n::QzLocale::system().getEncoding();

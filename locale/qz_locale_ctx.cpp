@@ -89,8 +89,10 @@ QzLocaleCtx::~QzLocaleCtx() = default;
 
 void QzLocaleCtx::initQzLcCtx() {
     constexpr std::string_view source = "QzLocaleCtx::initQzLcCtx";
-    if (int const status = publish(records_of(std::string(classic_name))); status != 0) {
-        log_.add_error(source, "Failed to set default locale", status);
+    publication const classic = prepare(records_of(std::string(classic_name)));
+    publish(classic);
+    if (classic.converter == nullptr) {
+        log_.add_error(source, "Failed to set default locale", no_converter);
     } else {
         log_.add(source, "Locale context was initialized.");
     }
@@ -156,12 +158,13 @@ void QzLocaleCtx::initGlobalLocale() {
                        return QzLocaleImpl::category_record{c.name, c.system_name};
                    });
     locales_.push_back(std::make_unique<QzLocaleImpl const>(*this, records));
-    int const status = publish(std::move(records));
+    publication const system = prepare(std::move(records));
+    publish(system);
     if (l10n_control_ == l10n_refused) {
         switch_l10n_off();
     }
-    if (status != 0) {
-        log_.add_error(global_source, "Failed to set default locale", status);
+    if (system.converter == nullptr) {
+        log_.add_error(global_source, "Failed to set default locale", no_converter);
     }
 }
 
@@ -190,8 +193,7 @@ void QzLocaleCtx::change_global_locale(QzLocaleImpl::category_records records) {
     if (refuse_when_locked(set_source)) {
         return;
     }
-    publish(std::move(records));
-    log_.add(set_source, "Global Locale setting was changed.");
+    change_to(std::move(records));
 }
 
 bool QzLocaleCtx::set_global_locale(std::string const & name) {
@@ -199,8 +201,7 @@ bool QzLocaleCtx::set_global_locale(std::string const & name) {
     if (refuse_when_locked(set_source)) {
         return false;
     }
-    publish(records_of(name));
-    log_.add(set_source, "Global Locale setting was changed.");
+    change_to(records_of(name));
     return true;
 }
 
@@ -225,8 +226,7 @@ bool QzLocaleCtx::set_lc_messages(std::string const & name) {
         log_.add(messages_source, "No operation was performed");
         return false;
     }
-    publish(std::move(records));
-    log_.add(set_source, "Global Locale setting was changed.");
+    change_to(std::move(records));
     return true;
 }
 
@@ -245,15 +245,20 @@ bool QzLocaleCtx::get_l10n_resource_status() const {
 }
 
 void QzLocaleCtx::switch_l10n_off() {
-    l10n_disabled_ = true;
-    if (global().records()[messages_index].name == classic_name) {
-        l10n_in_use_ = false;
+    QzLocaleImpl::category_records records = global().records();
+    if (records[messages_index].name == classic_name) {
         log_.add(l10n_source, "No need to perform disable operation.");
+        l10n_disabled_ = true;
+        l10n_in_use_ = false;
         return;
     }
-    publish(global().records());
+    records[messages_index] = {classic_name, {}};
+    publication next = prepare(std::move(records));
     log_.add(change_source, "Locale setting was changed to disable L10n.");
     log_.add(l10n_source, "L10n was disabled.");
+    l10n_disabled_ = true;
+    next.localised = false;
+    publish(next);
 }
 
 bool QzLocaleCtx::refuse_when_locked(std::string_view source) {
@@ -263,18 +268,26 @@ bool QzLocaleCtx::refuse_when_locked(std::string_view source) {
     return global_locked_;
 }
 
-int QzLocaleCtx::publish(QzLocaleImpl::category_records records) {
+void QzLocaleCtx::change_to(QzLocaleImpl::category_records records) {
+    publication const next = prepare(std::move(records));
+    log_.add(set_source, "Global Locale setting was changed.");
+    publish(next);
+}
+
+QzLocaleCtx::publication QzLocaleCtx::prepare(QzLocaleImpl::category_records records) {
     check_names(records);
     bool const localised = uses_l10n(records[messages_index].name);
     if (!localised) {
         records[messages_index] = {classic_name, {}};
     }
     QzLocaleImpl const & locale = keep(std::move(records));
-    UConverter const * const converter = keep_converter(encoding(locale.records()[ctype_index]));
-    global_.exchange(&locale, std::memory_order_acq_rel);
-    process_converter_.store(converter, std::memory_order_release);
-    l10n_in_use_ = localised;
-    return converter != nullptr ? 0 : no_converter;
+    return {&locale, keep_converter(encoding(locale.records()[ctype_index])), localised};
+}
+
+void QzLocaleCtx::publish(publication const & next) noexcept {
+    global_.exchange(next.locale, std::memory_order_acq_rel);
+    process_converter_.store(next.converter, std::memory_order_release);
+    l10n_in_use_ = next.localised;
 }
 
 QzLocaleImpl const & QzLocaleCtx::keep(QzLocaleImpl::category_records records) {

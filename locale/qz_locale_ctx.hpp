@@ -87,6 +87,13 @@ public:
     std::string database_path() const;
 
 private:
+    /// A locale about to become the global one.
+    struct publication {
+        QzLocaleImpl const * locale;
+        UConverter const * converter; ///< null when its encoding cannot be opened
+        bool localised;
+    };
+
     void initQzLcCtx();
     void initLocaleMgmt();
     void load_database();
@@ -98,8 +105,12 @@ private:
     // These expect the mutex to be held, or the start-up to run.
     /// Tells whether localised resources are used for a messages locale.
     bool uses_l10n(std::string const & messages_name) const;
-    /// Makes a locale the global one. Returns 0, or another status when its encoding has no converter.
-    int publish(QzLocaleImpl::category_records records);
+    /// Gets all that making a locale the global one takes; nothing is changed when this throws.
+    publication prepare(QzLocaleImpl::category_records records);
+    /// Makes a prepared locale the global one.
+    void publish(publication const & next) noexcept;
+    /// Makes a locale the global one and records that.
+    void change_to(QzLocaleImpl::category_records records);
     QzLocaleImpl const & keep(QzLocaleImpl::category_records records);
     UConverter const * keep_converter(std::string const & encoding);
     bool refuse_when_locked(std::string_view source);
