@@ -17,10 +17,18 @@ std::wstring complete_native_path(std::wstring const & path, bool root_is_absolu
 /// Returns the long form of a path; throws as `make_native_access_form` does.
 std::wstring access_form(std::wstring const & path, bool root_is_absolute);
 
-/// Returns the absolute form of a path under which a system call finds its file.
+/// Returns the long form without redundant elements; throws as `make_native_access_form_with_cleanup` does.
+std::wstring access_form_with_cleanup(std::wstring const & path, bool root_is_absolute);
+
+/// Returns the form under which a file is opened: the path completed, in long form, without redundant
+/// elements.
 ///
-/// It is the native form, in which the system resolves "." and ".."; from 260 units on, where a system may
-/// refuse it, the long form, in which the system resolves nothing.
+/// Throws `PathNotFound` when there is no current directory to complete the path with, and `InvalidArgument`
+/// for a path without long form.
+std::wstring make_file_form(upath const & path);
+
+/// Returns the form under which a file is looked for: that under which it is opened or, for a path that has
+/// none, its native form. Throws nothing of its own.
 std::wstring make_query_form(upath const & path);
 
 } // namespace fl::filesystem::detail

@@ -130,6 +130,14 @@ FL_I18N_API std::wstring make_native_form(upath const & path, bool absolute);
 /// path, also one with forward slashes after its drive, throws `InvalidArgument`.
 FL_I18N_API std::wstring make_native_access_form(upath const & path);
 
+/// Returns the long form of an absolute path without redundant elements; throws as `make_native_access_form`
+/// does.
+///
+/// The system resolves nothing in a long form. So empty and "." elements are removed, ".." with the element
+/// before it (at the root alone), and behind the root forward slashes become backslashes. A separator at the
+/// end stays. Where the system has no drives ".." stays, since it may follow a link.
+FL_I18N_API std::wstring make_native_access_form_with_cleanup(upath const & path);
+
 /// Tells whether a path is complete, with either kind of separator: with drive and root, with server and
 /// share, or a device.
 FL_I18N_API bool is_absolute(upath const & path);
@@ -144,8 +152,8 @@ struct file_status {
 ///
 /// A file that is not there is a status, and so is one that cannot be there: a missing directory, drive or
 /// share, a name with characters that file names cannot have, a name too long. Any other error throws its
-/// exception
-/// (`AccessDenied`, `SystemError` and their like). A path of 260 units or more must be free of "." and "..".
+/// exception (`AccessDenied`, `SystemError` and their like). The system is asked by the long form of the path
+/// without redundant elements, so that the length and a dot or space at the end of a name do not matter.
 FL_I18N_API file_status status(upath const & path);
 
 /// Tells whether a file exists; throws as `status` does.
