@@ -2,12 +2,13 @@
 # library that callers need not have. Called with -D SOURCE_DIR=<root of the tree>.
 
 # The floors from the ground. Each row: the files that make up a floor, as regular expressions of their paths.
-set(floors platform foundation environment locale conversion files finder catalogs)
+set(floors platform foundation environment locale chars conversion files finder catalogs)
 set(platform "^platform/|^include/fl/i18n/(export|ustring_type)\\.hpp$")
 set(foundation
     "^foundation/|^include/fl/filesystem/(path|exceptions)\\.hpp$|^include/fl/i18n/date_time\\.hpp$|^include/resource_core/")
 set(environment "^lookup/environment|^include/fl/i18n/environment\\.hpp$")
 set(locale "^locale/|^include/fl/i18n/(locale|locale_status|fallback_locales)\\.hpp$")
+set(chars "^chars/|^include/fl/i18n/(ctype|character_handling_mode)\\.hpp$")
 set(conversion "^conversion/|^include/fl/i18n/(ustring|converter|codecvt)\\.hpp$")
 set(files "^files/|^include/fl/filesystem/file\\.hpp$")
 set(finder "^lookup/resource_|^include/fl/i18n/resource_finder\\.hpp$")
@@ -27,7 +28,8 @@ endfunction()
 
 file(GLOB_RECURSE sources RELATIVE ${SOURCE_DIR}
     ${SOURCE_DIR}/platform/*.?pp ${SOURCE_DIR}/foundation/*.?pp ${SOURCE_DIR}/lookup/*.?pp ${SOURCE_DIR}/locale/*.?pp
-    ${SOURCE_DIR}/conversion/*.?pp ${SOURCE_DIR}/files/*.?pp ${SOURCE_DIR}/catalogs/*.?pp ${SOURCE_DIR}/include/*.?pp)
+    ${SOURCE_DIR}/chars/*.?pp ${SOURCE_DIR}/conversion/*.?pp ${SOURCE_DIR}/files/*.?pp ${SOURCE_DIR}/catalogs/*.?pp
+    ${SOURCE_DIR}/include/*.?pp)
 set(faults 0)
 set(inclusions 0)
 foreach(source IN LISTS sources)

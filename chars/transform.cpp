@@ -1,0 +1,117 @@
+#include <algorithm>
+#include <boost/throw_exception.hpp>
+#include <fl/i18n/ctype.hpp>
+#include <limits>
+#include <unicode/unorm2.h>
+#include <unicode/ustring.h>
+
+namespace fl::i18n {
+
+to_upper_locale::to_upper_locale()
+    : to_upper_locale(QzLocale::global()) {}
+to_upper_locale::to_upper_locale(QzLocale const & locale)
+    : locale_(&locale) {}
+QzLocale const & to_upper_locale::locale() const noexcept {
+    return *locale_;
+}
+
+to_lower_locale::to_lower_locale()
+    : to_lower_locale(QzLocale::global()) {}
+to_lower_locale::to_lower_locale(QzLocale const & locale)
+    : locale_(&locale) {}
+QzLocale const & to_lower_locale::locale() const noexcept {
+    return *locale_;
+}
+
+namespace detail {
+
+namespace {
+
+constexpr std::size_t largest_size = std::numeric_limits<std::int32_t>::max();
+
+void check_size(std::size_t size) {
+    if (size > largest_size) {
+        boost::throw_exception(CtypeSizeTooLarge());
+    }
+}
+
+/// Runs an operation of the conversion library, which takes the buffer's capacity, the length of the source
+/// and a status, and returns the length of the full result.
+template <class Operation>
+std::size_t run(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
+                Operation operation) {
+    if (!src || src_len == 0) {
+        return 0;
+    }
+    check_size(src_len);
+    auto const capacity = static_cast<std::int32_t>(dst ? std::min(dst_len, largest_size) : 0);
+    UErrorCode status = U_ZERO_ERROR;
+    std::int32_t const length = operation(capacity, static_cast<std::int32_t>(src_len), &status);
+    if (U_FAILURE(status) && status != U_BUFFER_OVERFLOW_ERROR) {
+        boost::throw_exception(CtypeTransformFailure(status));
+    }
+    return static_cast<std::size_t>(length);
+}
+
+std::size_t map_case(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
+                     decltype(&u_strToLower) mapping, QzLocale const & locale) {
+    std::string const name = locale.getLcName(QzLocale::LcCategory::ctype);
+    return run(dst, dst_len, src, src_len,
+               [&](std::int32_t capacity, std::int32_t length, UErrorCode * status) {
+                   return mapping(dst, capacity, src, length, name.c_str(), status);
+               });
+}
+
+auto normalizer_of(normalization_form form) {
+    switch (form) {
+    case normalization_form::compose:
+        return &unorm2_getNFCInstance;
+    case normalization_form::decompose:
+        return &unorm2_getNFDInstance;
+    }
+    boost::throw_exception(CtypeInvalidArgument());
+}
+
+template <class CaseMode>
+std::size_t map_and_normalize(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
+                              CaseMode const & mode, normalization_form form) {
+    std::u16string_view const text = src ? std::u16string_view(src, src_len) : std::u16string_view();
+    check_size(text.size());
+    ustring const mapped = fl::i18n::transform(text, mode);
+    return transform(dst, dst_len, mapped.data(), mapped.size(), form);
+}
+
+} // namespace
+
+std::size_t transform(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
+                      to_lower_locale const & mode) {
+    return map_case(dst, dst_len, src, src_len, &u_strToLower, mode.locale());
+}
+
+std::size_t transform(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
+                      to_upper_locale const & mode) {
+    return map_case(dst, dst_len, src, src_len, &u_strToUpper, mode.locale());
+}
+
+std::size_t transform(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
+                      normalization_form form) {
+    auto const normalizer = normalizer_of(form);
+    return run(dst, dst_len, src, src_len,
+               [&](std::int32_t capacity, std::int32_t length, UErrorCode * status) {
+                   return unorm2_normalize(normalizer(status), src, length, dst, capacity, status);
+               });
+}
+
+std::size_t transform(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
+                      to_lower_locale const & mode, normalization_form form) {
+    return map_and_normalize(dst, dst_len, src, src_len, mode, form);
+}
+
+std::size_t transform(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
+                      to_upper_locale const & mode, normalization_form form) {
+    return map_and_normalize(dst, dst_len, src, src_len, mode, form);
+}
+
+} // namespace detail
+
+} // namespace fl::i18n
