@@ -33,6 +33,15 @@ std::basic_string<To> collect_exactly(std::size_t length, Pass pass) {
     return result;
 }
 
+/// Returns what a converter makes of a text, by the operations that a `const` converter offers.
+template <class To, class From>
+std::basic_string<To> convert_exactly(converter<To, From> const & with, From const * text,
+                                      std::size_t length) {
+    return collect_exactly<To>(
+        with.get_destination_size(text, length),
+        [&](To * destination, std::size_t size) { return with.convert(destination, size, text, length); });
+}
+
 /// Returns the full result of `pass`, which runs at most twice.
 ///
 /// `pass(destination, capacity)` converts the whole source, writes what fits and returns the full length.

@@ -25,14 +25,6 @@ ustring convert_to_ustring(char const * text, std::size_t length) {
     return run_driver<to_unicode_direction>(process_converter.get(), text, length);
 }
 
-/// Uses only the operations that a `const` converter offers.
-template <class To, class From>
-std::basic_string<To> convert_with(converter<To, From> const & with, From const * text, std::size_t length) {
-    return collect_exactly<To>(
-        with.get_destination_size(text, length),
-        [&](To * destination, std::size_t size) { return with.convert(destination, size, text, length); });
-}
-
 } // namespace
 
 ustring to_ustring(std::string const & text) {
@@ -52,11 +44,11 @@ ustring to_ustring(char const * text) {
 }
 
 ustring to_ustring(std::string const & text, converter<char16_t, char> const & with) {
-    return convert_with(with, text.data(), text.size());
+    return convert_exactly(with, text.data(), text.size());
 }
 
 ustring to_ustring(char const * text, converter<char16_t, char> const & with) {
-    return text ? convert_with(with, text, std::char_traits<char>::length(text)) : ustring();
+    return text ? convert_exactly(with, text, std::char_traits<char>::length(text)) : ustring();
 }
 
 std::string to_string(ustring const & text) {
@@ -69,7 +61,7 @@ std::string to_string(ustring const & text) {
 }
 
 std::string to_string(ustring const & text, converter<char, char16_t> const & with) {
-    return convert_with(with, text.data(), text.size());
+    return convert_exactly(with, text.data(), text.size());
 }
 
 } // namespace fl::i18n

@@ -84,6 +84,31 @@ using file_handle = std::unique_ptr<std::FILE, file_closer>;
 /// Opens a file for reading bytes, without denying others read or write access; null when that fails.
 file_handle open_for_reading(std::wstring const & native_path);
 
+/// Opens a file as `fopen` of the C runtime does, but no directory; `mode` is ASCII. Null when that fails,
+/// with `errno` set.
+std::FILE * open_stream(std::wstring const & native_path, std::string const & mode);
+
+/// Opens another file in a stream as `freopen` of the C runtime does, but no directory; `mode` is ASCII.
+///
+/// Null when that fails, with `errno` set; the stream is closed then.
+std::FILE * reopen_stream(std::wstring const & native_path, std::string const & mode, std::FILE * stream);
+
+/// Creates a file that is not there yet and opens it in mode "wb+"; null when that fails, with `errno` set.
+std::FILE * create_exclusively(std::wstring const & native_path);
+
+/// Returns 0 when the process may read and write a file, else the `errno` value that tells why not.
+int query_writability(std::wstring const & native_path);
+
+/// Sets the time of the last write to a file or directory, in 100-nanosecond intervals since 1601-01-01 UTC.
+/// Returns an error code.
+std::uint32_t set_last_write_time(std::wstring const & native_path, std::uint64_t file_time);
+
+/// Returns the directory for temporary files that every system of the kind has; empty when it cannot be told.
+std::wstring system_temporary_directory();
+
+/// Tells whether names that differ in case only are one file by the rule of the system.
+bool names_ignore_case();
+
 /// Returns the current directory as an absolute native path without trailing separator (a root keeps its
 /// own).
 ///

@@ -1,8 +1,8 @@
 #include "platform/platform.hpp"
 #include "platform/posix/native_text.hpp"
 
-#include <algorithm>
 #include <cerrno>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,6 +11,7 @@ namespace fl::platform {
 namespace {
 
 std::uint32_t error_code(int errno_value) {
+    constexpr std::uint32_t write_protect = 19;
     constexpr std::uint32_t general_failure = 31;
     switch (errno_value) {
     case ENOENT:
@@ -27,6 +28,8 @@ std::uint32_t error_code(int errno_value) {
         return error::invalid_name;
     case ENAMETOOLONG:
         return error::name_too_long;
+    case EROFS:
+        return write_protect;
     case ELOOP:
         return error::cannot_access_file;
     default:
@@ -34,20 +37,7 @@ std::uint32_t error_code(int errno_value) {
     }
 }
 
-std::string path_bytes(std::wstring const & native_path) {
-    std::string bytes = to_native_bytes(std::u16string(native_path.begin(), native_path.end()));
-    std::replace(bytes.begin(), bytes.end(), '\\', '/');
-    return bytes;
-}
-
 } // namespace
-
-std::wstring native_path_from_bytes(std::string_view bytes) {
-    std::u16string const text = from_native_bytes(bytes);
-    std::wstring path(text.begin(), text.end());
-    std::replace(path.begin(), path.end(), L'/', L'\\');
-    return path;
-}
 
 std::uint32_t query_file(std::wstring const & native_path, file_attributes & attributes) {
     struct stat information;
@@ -60,6 +50,29 @@ std::uint32_t query_file(std::wstring const & native_path, file_attributes & att
 
 file_handle open_for_reading(std::wstring const & native_path) {
     return file_handle(std::fopen(path_bytes(native_path).c_str(), "rb"));
+}
+
+int query_writability(std::wstring const & native_path) {
+    return ::access(path_bytes(native_path).c_str(), R_OK | W_OK) == 0 ? 0 : errno;
+}
+
+std::uint32_t set_last_write_time(std::wstring const & native_path, std::uint64_t file_time) {
+    constexpr std::uint64_t intervals_per_second = 10'000'000;
+    constexpr std::int64_t seconds_from_1601_to_1970 = 11'644'473'600;
+    timespec times[2] = {};
+    times[0].tv_nsec = UTIME_OMIT;
+    times[1].tv_sec = static_cast<std::int64_t>(file_time / intervals_per_second) - seconds_from_1601_to_1970;
+    times[1].tv_nsec = static_cast<long>(file_time % intervals_per_second) * 100;
+    bool const is_set = ::utimensat(AT_FDCWD, path_bytes(native_path).c_str(), times, 0) == 0;
+    return is_set ? error::success : error_code(errno);
+}
+
+std::wstring system_temporary_directory() {
+    return L"\\tmp";
+}
+
+bool names_ignore_case() {
+    return false;
 }
 
 std::wstring current_directory(wchar_t drive) {

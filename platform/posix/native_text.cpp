@@ -1,5 +1,6 @@
 #include "platform/posix/native_text.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -92,6 +93,19 @@ std::u16string from_native_bytes(std::string_view bytes) {
         bytes.remove_prefix(length > 0 ? length : 1);
     }
     return text;
+}
+
+std::string path_bytes(std::wstring const & native_path) {
+    std::string bytes = to_native_bytes(std::u16string(native_path.begin(), native_path.end()));
+    std::replace(bytes.begin(), bytes.end(), '\\', '/');
+    return bytes;
+}
+
+std::wstring native_path_from_bytes(std::string_view bytes) {
+    std::u16string const text = from_native_bytes(bytes);
+    std::wstring path(text.begin(), text.end());
+    std::replace(path.begin(), path.end(), L'/', L'\\');
+    return path;
 }
 
 } // namespace fl::platform

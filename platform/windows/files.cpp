@@ -1,11 +1,17 @@
 #include "platform/platform.hpp"
 
+#include <cerrno>
+#include <io.h>
 #include <share.h>
 #include <windows.h>
 
 namespace fl::platform {
 
 namespace {
+
+struct handle_closer {
+    void operator()(void * handle) const noexcept { CloseHandle(handle); }
+};
 
 /// Asks a file's directory for it, which works while the file itself is locked.
 std::uint32_t query_directory_entry(std::wstring const & native_path, DWORD & attributes) {
@@ -43,6 +49,42 @@ std::uint32_t query_file(std::wstring const & native_path, file_attributes & att
 
 file_handle open_for_reading(std::wstring const & native_path) {
     return file_handle(_wfsopen(native_path.c_str(), L"rb", _SH_DENYNO));
+}
+
+int query_writability(std::wstring const & native_path) {
+    constexpr int read_and_write = 6;
+    return _waccess(native_path.c_str(), read_and_write) == 0 ? 0 : errno;
+}
+
+std::uint32_t set_last_write_time(std::wstring const & native_path, std::uint64_t file_time) {
+    constexpr DWORD share_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    // With the backup flag the system opens directories too.
+    HANDLE const opened = CreateFileW(native_path.c_str(), FILE_GENERIC_WRITE, share_all, nullptr,
+                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (opened == INVALID_HANDLE_VALUE) {
+        return GetLastError();
+    }
+    std::unique_ptr<void, handle_closer> const file(opened);
+    FILETIME const time{static_cast<DWORD>(file_time), static_cast<DWORD>(file_time >> 32)};
+    return SetFileTime(file.get(), nullptr, nullptr, &time) ? error::success : GetLastError();
+}
+
+std::wstring system_temporary_directory() {
+    std::wstring path(MAX_PATH, L'\0');
+    UINT length = GetWindowsDirectoryW(path.data(), MAX_PATH);
+    if (length >= path.size()) {
+        path.resize(length);
+        length = GetWindowsDirectoryW(path.data(), length);
+    }
+    if (length == 0 || length >= path.size()) {
+        return {};
+    }
+    path.resize(length);
+    return path + (path.back() == L'\\' ? L"Temp" : L"\\Temp");
+}
+
+bool names_ignore_case() {
+    return true;
 }
 
 std::wstring current_directory(wchar_t drive) {

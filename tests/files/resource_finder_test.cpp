@@ -1,4 +1,4 @@
-#include "tests/files/std_path.hpp"
+#include "tests/support/std_path.hpp"
 #include "tests/support/temporary_directory.hpp"
 
 #include <fl/i18n/resource_finder.hpp>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/std_path.hpp"
+
 #include <atomic>
 #include <filesystem>
 #include <fl/filesystem/path.hpp>
@@ -25,7 +27,7 @@ public:
     }
     ~temporary_directory() {
         std::error_code ignored;
-        std::filesystem::remove_all(directory_, ignored);
+        std::filesystem::remove_all(long_std_path(path()), ignored);
     }
     temporary_directory(temporary_directory const &) = delete;
     temporary_directory & operator=(temporary_directory const &) = delete;

@@ -1,12 +1,18 @@
 #pragma once
 
+#include <fl/filesystem/path.hpp>
+#include <fl/i18n/character_handling_mode.hpp>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/converter.hpp>
 #include <fl/i18n/export.hpp>
 #include <fl/i18n/ustring_type.hpp>
 
+#include <boost/date_time/posix_time/ptime.hpp>
+#include <boost/filesystem/path.hpp>
 #include <cstddef>
+#include <cstdio>
 #include <string>
+#include <vector>
 
 namespace fl::filesystem {
 
@@ -80,5 +86,136 @@ protected:
 private:
     i18n::codecvt_ustring_to_string converter_;
 };
+
+/// Opens a file as the C library's function of the name does.
+///
+/// A relative name is completed with the current directory, either separator is taken, and a name may have
+/// any length that the system can take, any characters, and dots or spaces at its end. The caller closes the
+/// stream.
+///
+/// Returns null with `errno` set when the file cannot be opened: EINVAL for an empty name or mode, a null
+/// character in either and a mode that is not ASCII; EISDIR for a name that ends with a backslash; ENOENT for
+/// a file that is not there, ENAMETOOLONG instead when its absolute name has 32768 units or more; otherwise
+/// what the system says, for a directory EACCES on Windows and EISDIR elsewhere. Throws `InvalidArgument` for
+/// a name that has no long form, such as that of a device. Any thread may call it.
+FL_I18N_API std::FILE * fopen(upath const & path, std::string const & mode);
+/// Opens a file as the function for `upath` does.
+FL_I18N_API std::FILE * fopen(i18n::ustring const & path, std::string const & mode);
+/// Opens a file as the function for `upath` does.
+inline std::FILE * fopen(char16_t const * path, std::string const & mode) {
+    return fopen(i18n::ustring(path), mode);
+}
+/// Opens a file as the function for `upath` does, by the native name that a converter makes of `path`.
+///
+/// Throws `CvtInvalidCharacter` of this namespace where the converter throws its own of that name, and
+/// `FileNameConversionFailure` for any other failure of the conversion.
+FL_I18N_API std::FILE * fopen(i18n::ustring const & path, std::string const & mode,
+                              i18n::converter<wchar_t, char16_t> const & with);
+
+/// Closes the file of a stream and opens another one in it, as the C library's function of the name does.
+///
+/// Returns the stream. Names, modes and errors are those of `fopen`; a null stream is refused with EINVAL.
+/// When the call is refused for its arguments or throws, the stream stays as it was; when the system cannot
+/// open the file, the stream is closed and must not be used any more.
+FL_I18N_API std::FILE * freopen(upath const & path, std::string const & mode, std::FILE * stream);
+/// Opens another file in a stream as the function for `upath` does.
+FL_I18N_API std::FILE * freopen(i18n::ustring const & path, std::string const & mode, std::FILE * stream);
+/// Opens another file in a stream as the function for `upath` does.
+inline std::FILE * freopen(char16_t const * path, std::string const & mode, std::FILE * stream) {
+    return freopen(i18n::ustring(path), mode, stream);
+}
+/// Opens another file in a stream as the function for `upath` does, by the native name that a converter makes
+/// of `path`; throws as that `fopen` does.
+FL_I18N_API std::FILE * freopen(i18n::ustring const & path, std::string const & mode, std::FILE * stream,
+                                i18n::converter<wchar_t, char16_t> const & with);
+
+/// Returns the directory for temporary files, as the function for a list of names does for none.
+FL_I18N_API i18n::ustring temp_directory_name();
+/// Returns the directory for temporary files: the first that is there and can be read and written.
+///
+/// The candidates are the values of the environment variables given, of TMPDIR, TMP, TEMP and USERPROFILE,
+/// then the system's own ("Temp" in the directory of Windows, "\tmp" elsewhere). The text is that of the
+/// variable, which may be a relative path or have forward slashes.
+///
+/// When none serves, throws what the system threw when asked for one of them (the last such exception), else
+/// for the last candidate `PathNotFound` or `SystemError` with the `errno` value as its code. Throws
+/// `TempEnvNotSpecified` when there is no candidate. Any thread may call it.
+FL_I18N_API i18n::ustring temp_directory_name(std::vector<std::string> const & variable_names);
+
+/// Returns a full path that nobody can foresee, for a new file; nothing is created.
+///
+/// It is the directory (that of `temp_directory_name` when empty, whose exceptions pass on), a backslash
+/// unless it ends with one, the prefix, 19 characters like "0123-4567-89ab-cdef" and the suffix, with a dot
+/// before it unless it begins with one or is empty. Empty when the system gives no random bytes. Another
+/// process may create a file of that name at any time: `tmpfile` creates one safely. Any thread may call it.
+FL_I18N_API i18n::ustring tmpnam(i18n::ustring const & directory, i18n::ustring const & prefix,
+                                 i18n::ustring const & suffix);
+
+/// Creates a file under a name that `tmpnam` makes and opens it in mode "wb+"; stores the name in `name`.
+///
+/// A file that is there already is never opened; at most 11 names are tried. On POSIX only the user may read
+/// and write the file. The caller closes the stream and removes the file.
+///
+/// Returns null and empties `name` when that fails, with `errno` as the last attempt has left it, EIO when
+/// the system gives no random bytes. Throws as `temp_directory_name` and `fopen` do, with `name` as it was.
+/// Any thread may call it.
+FL_I18N_API std::FILE * tmpfile(i18n::ustring & name, i18n::ustring const & directory,
+                                i18n::ustring const & prefix, i18n::ustring const & suffix);
+
+/// Sets the time of the last write to a file or directory, in UTC.
+///
+/// The path must have a long form as it stands: absolute, with backslashes. Throws `InvalidArgument` for any
+/// other path, for a special value and for a time before the year 1601, and for what the system refuses
+/// `PathNotFound`, `AccessDenied` or another exception of the family. The system rounds a time to what its
+/// file system can keep; Windows leaves a file as it is for the first instant of 1601. Any thread may call
+/// it.
+FL_I18N_API void last_write_time(upath const & path, boost::posix_time::ptime const & time);
+/// Sets the time of the last write as the function for `upath` does.
+FL_I18N_API void last_write_time(i18n::ustring const & path, boost::posix_time::ptime const & time);
+/// Sets the time of the last write as the function for `upath` does.
+inline void last_write_time(char16_t const * path, boost::posix_time::ptime const & time) {
+    last_write_time(i18n::ustring(path), time);
+}
+/// Sets the time of the last write as the function for `upath` does, by the native name that a converter
+/// makes of `path`; throws as that `fopen` does.
+FL_I18N_API void last_write_time(i18n::ustring const & path, boost::posix_time::ptime const & time,
+                                 i18n::converter<wchar_t, char16_t> const & with);
+
+/// Compares the texts of two absolute paths under a mode: negative, 0 or positive.
+///
+/// An empty path comes before any other and equals another one. Nothing is normalised or looked up: the two
+/// separators differ. Throws `InvalidArgument` for a relative path and `PathNameComparisonFailure` when the
+/// texts cannot be compared. Any thread may call it.
+FL_I18N_API int compare(upath const & first, upath const & second,
+                        i18n::character_handling_mode_context const & mode);
+/// Compares two absolute paths under a mode, as the function for `upath` does.
+FL_I18N_API int compare(i18n::ustring const & first, i18n::ustring const & second,
+                        i18n::character_handling_mode_context const & mode);
+/// Compares two absolute paths as the system compares names: without regard to case on Windows, exactly
+/// elsewhere.
+FL_I18N_API int compare(upath const & first, upath const & second);
+/// Compares two absolute paths as the function for `upath` does.
+FL_I18N_API int compare(i18n::ustring const & first, i18n::ustring const & second);
+
+/// Returns the text of a path with backslashes.
+///
+/// Where paths are bytes they are UTF-8; each byte that is not part of a valid form becomes U+FFFD.
+FL_I18N_API i18n::ustring to_ustring(boost::filesystem::path const & path);
+/// Returns the text of a path with forward slashes; bytes are read as `to_ustring` does.
+FL_I18N_API i18n::ustring to_generic_ustring(boost::filesystem::path const & path);
+/// Returns what a converter makes of the text of a path with forward slashes; throws as `fopen` with a
+/// converter does.
+FL_I18N_API i18n::ustring to_generic_ustring(boost::filesystem::path const & path,
+                                             i18n::converter<char16_t, wchar_t> const & with);
+
+namespace detail {
+
+/// Returns the long form of a path, as `make_native_access_form` does.
+FL_I18N_API std::wstring make_native_access_form_i18n(i18n::ustring const & path);
+/// Returns the long form of a path without redundant elements, as `make_native_access_form_with_cleanup`
+/// does.
+FL_I18N_API std::wstring make_native_access_form_with_cleanup_i18n(i18n::ustring const & path);
+
+} // namespace detail
 
 } // namespace fl::filesystem
