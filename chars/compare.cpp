@@ -7,6 +7,7 @@
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
+#include <unicode/utf16.h>
 
 namespace fl::i18n::detail {
 
@@ -25,7 +26,8 @@ std::u16string_view text_of(char16_t const * text, std::size_t length) {
     if (length > std::numeric_limits<std::int32_t>::max()) {
         boost::throw_exception(CtypeSizeTooLarge());
     }
-    return {text, length};
+    // The conversion library refuses null pointers, even with a length of 0.
+    return text ? std::u16string_view(text, length) : std::u16string_view(u"");
 }
 
 bool is_ascii(std::u16string_view text) {
@@ -41,14 +43,16 @@ normalizer_getter form_of(unsigned mode) {
     return mode & modes::normalization_insensitive_mode ? &icu::Normalizer2::getNFDInstance : nullptr;
 }
 
+/// Tells whether the lower case of I has no dot in a locale, as in Turkish.
+bool has_dotless_i(QzLocale const & locale) {
+    constexpr char16_t dotless_i = 0x131;
+    char16_t lower = 0;
+    return transform(&lower, 1, u"I", 1, to_lower_locale(locale)) == 1 && lower == dotless_i;
+}
+
 std::uint32_t folding_of(modes const & mode) {
-    if (mode.mode() & modes::locale_mode) {
-        std::string const language = mode.locale().getLanguage(QzLocale::LcCategory::ctype);
-        if (language == "tr" || language == "az") {
-            return U_FOLD_CASE_EXCLUDE_SPECIAL_I;
-        }
-    }
-    return U_FOLD_CASE_DEFAULT;
+    bool const is_turkic = (mode.mode() & modes::locale_mode) && has_dotless_i(mode.locale());
+    return is_turkic ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT;
 }
 
 void normalize(icu::UnicodeString & text, normalizer_getter form) {
@@ -59,16 +63,6 @@ void normalize(icu::UnicodeString & text, normalizer_getter form) {
         text = normalizer->normalize(text, status);
     }
     check(text.isBogus() ? U_MEMORY_ALLOCATION_ERROR : status);
-}
-
-/// Tells whether folding a text in NFD would change it.
-bool changes_when_folded(icu::UnicodeString const & text) {
-    for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
-        if (u_hasBinaryProperty(text.char32At(i), UCHAR_CHANGES_WHEN_CASEFOLDED)) {
-            return true;
-        }
-    }
-    return false;
 }
 
 /// Returns where the dot above a letter is among the marks behind it in a text in NFD; -1 when it has none.
@@ -102,11 +96,10 @@ icu::UnicodeString fold_dotted_capital_i(icu::UnicodeString const & text) {
     return result.append(text, copied, text.length() - copied);
 }
 
-/// Returns a text in a form, folded before if the mode asks for it. A text that stays as it is, is not
-/// copied.
+/// Returns a text in a form, folded before if the mode asks for it.
 icu::UnicodeString normalized(std::u16string_view text, normalizer_getter form, modes const & mode) {
     icu::UnicodeString result(false, text.data(), static_cast<std::int32_t>(text.size()));
-    if ((mode.mode() & modes::case_insensitive_mode) && changes_when_folded(result)) {
+    if (mode.mode() & modes::case_insensitive_mode) {
         std::uint32_t const folding = folding_of(mode);
         normalize(result, &icu::Normalizer2::getNFDInstance);
         if (folding == U_FOLD_CASE_EXCLUDE_SPECIAL_I) {
@@ -119,8 +112,13 @@ icu::UnicodeString normalized(std::u16string_view text, normalizer_getter form, 
 }
 
 int compare_without_case(std::u16string_view a, std::u16string_view b, std::uint32_t folding) {
-    folded_text left(a, folding);
-    folded_text right(b, folding);
+    auto const difference = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+    auto same = static_cast<std::size_t>(difference.first - a.begin());
+    if (same > 0 && U16_IS_LEAD(a[same - 1])) {
+        --same;
+    }
+    folded_text left(a.substr(same), folding);
+    folded_text right(b.substr(same), folding);
     for (;;) {
         int const left_unit = left.next();
         int const right_unit = right.next();
@@ -136,6 +134,9 @@ int compare(char16_t const * a, std::size_t a_length, char16_t const * b, std::s
             character_handling_mode_context const & mode) {
     std::u16string_view const left = text_of(a, a_length);
     std::u16string_view const right = text_of(b, b_length);
+    if (left == right) {
+        return 0;
+    }
     normalizer_getter const form = form_of(mode.mode());
     // ASCII is the same in every form.
     if (form && !(is_ascii(left) && is_ascii(right))) {
@@ -147,7 +148,7 @@ int compare(char16_t const * a, std::size_t a_length, char16_t const * b, std::s
     return left.compare(right);
 }
 
-int compare(ustring const & a, ustring const & b, character_handling_mode_context const & mode) {
+int compare(std::u16string_view a, std::u16string_view b, character_handling_mode_context const & mode) {
     return compare(a.data(), a.size(), b.data(), b.size(), mode);
 }
 

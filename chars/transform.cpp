@@ -55,7 +55,10 @@ std::size_t run(char16_t * dst, std::size_t dst_len, char16_t const * src, std::
 
 std::size_t map_case(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
                      decltype(&u_strToLower) mapping, QzLocale const & locale) {
-    std::string const name = locale.getLcName(QzLocale::LcCategory::ctype);
+    std::string name = locale.getLcName(QzLocale::LcCategory::ctype);
+    // Behind the language the conversion library expects a separator of its own: "tr.UTF-8" would be no
+    // Turkish.
+    name.resize(std::min(name.find_first_of(".@"), name.size()));
     return run(dst, dst_len, src, src_len,
                [&](std::int32_t capacity, std::int32_t length, UErrorCode * status) {
                    return mapping(dst, capacity, src, length, name.c_str(), status);

@@ -12,9 +12,9 @@ namespace {
 using i18n::character_handling_mode_context;
 using i18n::ustring;
 
-void require_absolute(ustring const & path) {
+void require_absolute(ustring const & path, std::vector<ustring> const & paths) {
     if (!path.empty() && !is_absolute(path)) {
-        boost::throw_exception(InvalidArgument("Path must be absolute", path, {path}));
+        boost::throw_exception(InvalidArgument("Path must be absolute", path, paths));
     }
 }
 
@@ -26,8 +26,8 @@ character_handling_mode_context system_mode() {
 } // namespace
 
 int compare(ustring const & first, ustring const & second, character_handling_mode_context const & mode) {
-    require_absolute(first);
-    require_absolute(second);
+    require_absolute(first, {first, second});
+    require_absolute(second, {first, second});
     if (first.empty() || second.empty()) {
         return int(second.empty()) - int(first.empty());
     }

@@ -15,7 +15,8 @@ namespace detail {
 
 namespace {
 
-/// The length, without a long path's prefix, from which on a name that is not found is one too long.
+/// The length from which on a name that is not found is one too long; the prefix that its long form would add
+/// does not count.
 constexpr std::size_t name_limit = 32768;
 
 std::FILE * fail(int code) {

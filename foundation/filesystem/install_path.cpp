@@ -1,6 +1,7 @@
 #include "foundation/filesystem/install_path.hpp"
 
 #include "foundation/ascii.hpp"
+#include "foundation/filesystem/path_kind.hpp"
 #include "platform/platform.hpp"
 
 #include <algorithm>
@@ -23,8 +24,11 @@ std::wstring_view last_element(std::wstring_view path) {
     return path.substr(path.rfind(separator) + 1);
 }
 
-/// Returns a path without its last element; a root keeps its separator.
+/// Returns a path without its last element; a root keeps its separator, and nothing is above a share.
 std::wstring_view parent(std::wstring_view path) {
+    if (path.size() <= detail::root_name_length(path, detail::classify_path(path, false))) {
+        return path;
+    }
     std::size_t const end = path.rfind(separator);
     if (end == std::wstring_view::npos) {
         return {};

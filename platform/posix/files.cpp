@@ -86,7 +86,11 @@ std::wstring current_directory(wchar_t drive) {
         }
         buffer.resize(buffer.size() * 2);
     }
-    return native_path_from_bytes(buffer.c_str());
+    buffer.resize(buffer.find('\0'));
+    std::wstring const path = native_path_from_bytes(buffer);
+    // A directory whose name is no text in UTF-8, or has a backslash, is reached through the system's link to
+    // it.
+    return path_bytes(path) == buffer ? path : L"\\proc\\self\\cwd";
 }
 
 bool root_is_absolute() {

@@ -131,6 +131,7 @@ TEST(Ctype, ComparesWithoutCase) {
     EXPECT_LT(strcasecmp(u"a", u"B"), 0);
     EXPECT_LT(strcasecmp(u"\xD83D\xDE00", u"\xE000"), 0);
     EXPECT_EQ(strncasecmp(u"ABx", u"abY", 2), 0);
+    EXPECT_EQ(strncasecmp(u"I\xDF", u"iSS", 3), 0);
     EXPECT_GT(strncasecmp(u"ABy", u"abX", 3), 0);
     EXPECT_EQ(strncasecmp(u"AB\0x", u"ab\0Y", 4), 0);
     EXPECT_EQ(strncasecmp(u"a", u"a", 0x7fffffff), 0);

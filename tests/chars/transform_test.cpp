@@ -29,6 +29,8 @@ TEST(Transform, MapsCaseByTheRulesOfALocale) {
     for (case_row const & row : {
              case_row{"English", "en_US", u"I\x131\x130i", u"i\x131i\x307i", u"II\x130I"},
              case_row{"Turkish", "tr_TR", u"I\x131\x130i", u"\x131\x131ii", u"II\x130\x130"},
+             case_row{"TurkishWithEncoding", "tr.UTF-8", u"Ii", u"\x131i", u"I\x130"},
+             case_row{"TurkishWithModifier", "tr@euro", u"Ii", u"\x131i", u"I\x130"},
              case_row{"Azeri", "az_AZ", u"I\x307\x49", u"i\x131", u"I\x307I"},
              case_row{"Lithuanian", "lt_LT", u"\xCCi\x307", u"i\x307\x300i\x307", u"\xCCI"},
              case_row{"Greek", "el_GR", u"\x386\x3BD\x3BF\x3A3", u"\x3AC\x3BD\x3BF\x3C2",
@@ -95,6 +97,7 @@ void expect_limits(Modes const &... modes) {
     EXPECT_THROW(detail::transform(&unit, 1, u"x", 0x80000000, modes...), CtypeSizeTooLarge);
     EXPECT_EQ(detail::transform(&unit, std::size_t(1) << 32, u"1", 1, modes...), 1u);
     EXPECT_EQ(unit, u'1');
+    EXPECT_THROW(transform(std::u16string_view(&unit, 0x80000000), modes...), CtypeSizeTooLarge);
     EXPECT_EQ(transform({}, modes...), u"");
 }
 

@@ -160,8 +160,17 @@ TEST(compare, orders_absolute_paths) {
     }
     EXPECT_EQ(sign(compare(ustring(u"C:\\A"), ustring(u"C:\\a"))), has_drives ? 0 : -1);
     EXPECT_EQ(sign(compare(upath(u"C:\\b"), upath(u"C:\\A"))), 1);
-    EXPECT_THROW(compare(ustring(u"a"), ustring()), InvalidArgument);
-    EXPECT_THROW(compare(upath(), upath(u"C:a"), mode::default_mode), InvalidArgument);
+    EXPECT_EQ(compare(u"C:\\a", u"C:\\a"), 0);
+    EXPECT_EQ(compare(u"C:\\A", u"C:\\a", mode::case_insensitive_mode), 0);
+    EXPECT_THROW(compare(u"a", u""), InvalidArgument);
+    try {
+        compare(upath(), upath(u"C:a"), mode::default_mode);
+        ADD_FAILURE();
+    } catch (InvalidArgument const & e) {
+        EXPECT_STREQ(e.what(), "Path must be absolute");
+        EXPECT_EQ(e.path(), u"C:a");
+        EXPECT_EQ(e.paths(), (std::vector<ustring>{u"", u"C:a"}));
+    }
 }
 
 TEST(boost_path, has_native_and_generic_text) {

@@ -157,6 +157,14 @@ TEST_F(fopen_test, takes_a_converter_for_the_name) {
     test_converter<wchar_t, char16_t, i18n::CvtInvalidCharacter> const converter;
     EXPECT_TRUE(close(fopen(u"abc", "w", converter)));
     EXPECT_TRUE(std::filesystem::exists("___"));
+    EXPECT_TRUE(close(freopen(u"abcd", "w", fopen(u"other", "w"), converter)));
+    EXPECT_TRUE(std::filesystem::exists("____"));
+    // The converted path is none that can be dated.
+    EXPECT_THROW(last_write_time(directory.path().string(),
+                                 boost::posix_time::ptime(boost::gregorian::date(2024, 1, 1)), converter),
+                 InvalidArgument);
+    test_converter<char16_t, wchar_t, i18n::CvtInvalidCharacter> const from_native;
+    EXPECT_EQ(to_generic_ustring("a/b", from_native), u"___");
     expect_translation<i18n::CvtInvalidCharacter, CvtInvalidCharacter>(0);
     expect_translation<i18n::CvtSizeTooLarge, FileNameConversionFailure>(0);
     expect_translation<i18n::CvtSizeTooLarge, FileNameConversionFailure>(1);

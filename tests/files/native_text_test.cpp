@@ -1,4 +1,5 @@
 #include "platform/posix/native_text.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 #include <gtest/gtest.h>
 
@@ -42,6 +43,21 @@ TEST(native_text, replaces_invalid_bytes) {
     for (auto const & row : rows) {
         EXPECT_EQ(from_native_bytes(row.bytes), row.text);
     }
+}
+
+TEST(current_directory, is_reached_when_its_name_is_no_text) {
+    std::filesystem::path const previous = std::filesystem::current_path();
+    test::temporary_directory const directory;
+    for (char const * name : {"caf\xE9", "back\\slash"}) {
+        SCOPED_TRACE(name);
+        std::filesystem::path const odd = test::std_path(directory.path()) / name;
+        std::filesystem::create_directory(odd);
+        std::ofstream(odd / "file").put('x');
+        std::filesystem::current_path(odd);
+        EXPECT_TRUE(filesystem::exists(u"file"));
+        EXPECT_FALSE(filesystem::exists(u"none"));
+    }
+    std::filesystem::current_path(previous);
 }
 
 } // namespace

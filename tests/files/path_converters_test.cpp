@@ -52,6 +52,10 @@ TEST(path_converters, use_the_system_encoding_for_narrow_text) {
 TEST(path_converters, are_strict_when_told_so) {
     fl::filesystem::codecvt_ustring_to_narrow_string to_narrow(false);
     EXPECT_THROW(to_narrow.convert(u"\xD800z"), fl::i18n::CvtInvalidCharacter);
+    if (fl::i18n::QzLocale::system().getEncoding() == "UTF-8") {
+        fl::filesystem::codecvt_narrow_string_to_ustring from_narrow(false);
+        EXPECT_THROW(from_narrow.convert("a\xFF"), fl::i18n::CvtInvalidCharacter);
+    }
 }
 
 } // namespace

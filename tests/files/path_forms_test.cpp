@@ -241,6 +241,8 @@ TEST(install_base, is_above_the_program_and_library_directories) {
         {L"C:\\fl.dll", L"C:\\"},
         {L"\\\\?\\C:\\app\\bin\\fl.dll", L"\\\\?\\C:\\app"},
         {L"\\\\server\\share\\bin\\fl.dll", L"\\\\server\\share"},
+        {L"\\\\server\\bin\\fl.dll", L"\\\\server\\bin"},
+        {L"\\\\?\\UNC\\server\\lib\\fl.dll", L"\\\\?\\UNC\\server\\lib"},
         {L"\\usr\\lib\\libfl.so.1", L"\\usr"},
         {L"\\usr\\lib64\\libfl.so.1", L"\\usr"},
         {L"\\usr\\lib\\x86_64-linux-gnu\\libfl.so.1", L"\\usr"},

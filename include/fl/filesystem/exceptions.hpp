@@ -81,7 +81,7 @@ class FL_I18N_API SystemError : public FsysExceptionBase {
 public:
     SystemError(unsigned code, i18n::ustring path, std::vector<i18n::ustring> paths);
 
-    /// Returns the system's error code, in the numbers of Windows.
+    /// Returns the system's error code, in the numbers of Windows; an `errno` value where a function says so.
     unsigned code() const noexcept { return code_; }
 
 private:

@@ -90,8 +90,8 @@ private:
 /// Opens a file as the C library's function of the name does.
 ///
 /// A relative name is completed with the current directory, either separator is taken, and a name may have
-/// any length that the system can take, any characters, and dots or spaces at its end. The caller closes the
-/// stream.
+/// any length that the system can take, any characters, and dots or spaces at its end; "NUL" is a file, not a
+/// device. The caller closes the stream, which is one of the C runtime that this library uses.
 ///
 /// Returns null with `errno` set when the file cannot be opened: EINVAL for an empty name or mode, a null
 /// character in either and a mode that is not ASCII; EISDIR for a name that ends with a backslash; ENOENT for
@@ -101,7 +101,7 @@ private:
 FL_I18N_API std::FILE * fopen(upath const & path, std::string const & mode);
 /// Opens a file as the function for `upath` does.
 FL_I18N_API std::FILE * fopen(i18n::ustring const & path, std::string const & mode);
-/// Opens a file as the function for `upath` does.
+/// Opens a file as the function for `upath` does; `path` is not null and ends with NUL.
 inline std::FILE * fopen(char16_t const * path, std::string const & mode) {
     return fopen(i18n::ustring(path), mode);
 }
@@ -115,12 +115,14 @@ FL_I18N_API std::FILE * fopen(i18n::ustring const & path, std::string const & mo
 /// Closes the file of a stream and opens another one in it, as the C library's function of the name does.
 ///
 /// Returns the stream. Names, modes and errors are those of `fopen`; a null stream is refused with EINVAL.
-/// When the call is refused for its arguments or throws, the stream stays as it was; when the system cannot
-/// open the file, the stream is closed and must not be used any more.
+/// The stream stays as it was when the call throws and when it is refused for an empty name or mode, a null
+/// character in either, a backslash at the end of the name, a mode that is not ASCII, or for a relative name
+/// while the process has no current directory. After any other failure, that of a mode unknown to the C
+/// runtime among them, the stream is closed and must not be used any more.
 FL_I18N_API std::FILE * freopen(upath const & path, std::string const & mode, std::FILE * stream);
 /// Opens another file in a stream as the function for `upath` does.
 FL_I18N_API std::FILE * freopen(i18n::ustring const & path, std::string const & mode, std::FILE * stream);
-/// Opens another file in a stream as the function for `upath` does.
+/// Opens another file in a stream as the function for `upath` does; `path` is not null and ends with NUL.
 inline std::FILE * freopen(char16_t const * path, std::string const & mode, std::FILE * stream) {
     return freopen(i18n::ustring(path), mode, stream);
 }
@@ -142,7 +144,7 @@ FL_I18N_API i18n::ustring temp_directory_name();
 /// `TempEnvNotSpecified` when there is no candidate. Any thread may call it.
 FL_I18N_API i18n::ustring temp_directory_name(std::vector<std::string> const & variable_names);
 
-/// Returns a full path that nobody can foresee, for a new file; nothing is created.
+/// Returns a path that nobody can foresee, for a new file; nothing is created.
 ///
 /// It is the directory (that of `temp_directory_name` when empty, whose exceptions pass on), a backslash
 /// unless it ends with one, the prefix, 19 characters like "0123-4567-89ab-cdef" and the suffix, with a dot
@@ -165,14 +167,15 @@ FL_I18N_API std::FILE * tmpfile(i18n::ustring & name, i18n::ustring const & dire
 /// Sets the time of the last write to a file or directory, in UTC.
 ///
 /// The path must have a long form as it stands: absolute, with backslashes. Throws `InvalidArgument` for any
-/// other path, for a special value and for a time before the year 1601, and for what the system refuses
+/// other path, for a special value and for a time outside the years 1601 to 9999, and for what the system
+/// refuses
 /// `PathNotFound`, `AccessDenied` or another exception of the family. The system rounds a time to what its
 /// file system can keep; Windows leaves a file as it is for the first instant of 1601. Any thread may call
 /// it.
 FL_I18N_API void last_write_time(upath const & path, boost::posix_time::ptime const & time);
 /// Sets the time of the last write as the function for `upath` does.
 FL_I18N_API void last_write_time(i18n::ustring const & path, boost::posix_time::ptime const & time);
-/// Sets the time of the last write as the function for `upath` does.
+/// Sets the time of the last write as the function for `upath` does; `path` is not null and ends with NUL.
 inline void last_write_time(char16_t const * path, boost::posix_time::ptime const & time) {
     last_write_time(i18n::ustring(path), time);
 }
@@ -185,26 +188,39 @@ FL_I18N_API void last_write_time(i18n::ustring const & path, boost::posix_time::
 ///
 /// An empty path comes before any other and equals another one. Nothing is normalised or looked up: the two
 /// separators differ. Throws `InvalidArgument` for a relative path and `PathNameComparisonFailure` when the
-/// texts cannot be compared. Any thread may call it.
+/// texts cannot be compared. Any thread may call it. The same holds for the other functions of this name.
 FL_I18N_API int compare(upath const & first, upath const & second,
                         i18n::character_handling_mode_context const & mode);
 /// Compares two absolute paths under a mode, as the function for `upath` does.
 FL_I18N_API int compare(i18n::ustring const & first, i18n::ustring const & second,
                         i18n::character_handling_mode_context const & mode);
-/// Compares two absolute paths as the system compares names: without regard to case on Windows, exactly
-/// elsewhere.
+/// Compares two absolute paths in the mode that fits the system: `case_insensitive_mode` on Windows,
+/// `default_mode` elsewhere.
+///
+/// Full case folding takes more names for one than Windows does, such as those with a sharp s and "ss":
+/// equality here does not prove that two paths are one file.
 FL_I18N_API int compare(upath const & first, upath const & second);
-/// Compares two absolute paths as the function for `upath` does.
+/// Compares two absolute paths in the mode that fits the system, as the function for `upath` does.
 FL_I18N_API int compare(i18n::ustring const & first, i18n::ustring const & second);
+/// Compares two absolute paths as the function for `upath` does; neither is null, both end with NUL.
+inline int compare(char16_t const * first, char16_t const * second,
+                   i18n::character_handling_mode_context const & mode) {
+    return compare(i18n::ustring(first), i18n::ustring(second), mode);
+}
+/// Compares two absolute paths in the mode that fits the system; neither is null, both end with NUL.
+inline int compare(char16_t const * first, char16_t const * second) {
+    return compare(i18n::ustring(first), i18n::ustring(second));
+}
 
 /// Returns the text of a path with backslashes.
 ///
-/// Where paths are bytes they are UTF-8; each byte that is not part of a valid form becomes U+FFFD.
+/// Where paths are bytes they are UTF-8, with lone surrogates in their three-byte form; each byte that is not
+/// part of a valid form becomes U+FFFD. Any thread may call it.
 FL_I18N_API i18n::ustring to_ustring(boost::filesystem::path const & path);
 /// Returns the text of a path with forward slashes; bytes are read as `to_ustring` does.
 FL_I18N_API i18n::ustring to_generic_ustring(boost::filesystem::path const & path);
 /// Returns what a converter makes of the text of a path with forward slashes; throws as `fopen` with a
-/// converter does.
+/// converter does. The converter must not be in use by another thread unless it allows that.
 FL_I18N_API i18n::ustring to_generic_ustring(boost::filesystem::path const & path,
                                              i18n::converter<char16_t, wchar_t> const & with);
 

@@ -9,8 +9,11 @@
 /// Paths and files with Unicode names.
 ///
 /// Path texts follow the rules of Windows on every system: the separator is the backslash, the forward slash
-/// is accepted, and a `wchar_t` holds one UTF-16 unit. Where the system has no drives, a path that begins
-/// with one separator is absolute, and backslashes become slashes at the system call.
+/// is accepted, and a `wchar_t` holds one UTF-16 unit: a wide literal with characters above U+FFFF is no path
+/// where `wchar_t` is wider. Where the system has no drives, a path that begins with one separator is
+/// absolute, and backslashes become slashes at the system call; one that begins with two separators, or with
+/// a letter and a colon, is told by the rules of Windows there too. The functions may be called from any
+/// thread; a relative path is completed with the current directory of the moment.
 namespace fl::filesystem {
 
 /// The characters and prefixes that give a path its structure.
@@ -77,6 +80,9 @@ public:
     /// The right path is never taken as a replacement of the left one, even when it is absolute. Nothing is
     /// inserted beside an empty path or after a drive alone ("C:" and "x" give "C:x").
     basic_path & operator/=(basic_path const & right) {
+        if (this == &right) {
+            return *this /= basic_path(right);
+        }
         using traits = pathname_traits<NativeChar>;
         auto const is_separator = [](NativeChar c) {
             return c == traits::PATHNAME_SEPARATOR_CHARACTER ||
@@ -153,7 +159,8 @@ struct file_status {
 /// A file that is not there is a status, and so is one that cannot be there: a missing directory, drive or
 /// share, a name with characters that file names cannot have, a name too long. Any other error throws its
 /// exception (`AccessDenied`, `SystemError` and their like). The system is asked by the long form of the path
-/// without redundant elements, so that the length and a dot or space at the end of a name do not matter.
+/// without redundant elements: any length is good, a dot or space at the end belongs to the name, and the
+/// name of a device, such as "NUL", is that of a file. Windows finds a link even when its target is missing.
 FL_I18N_API file_status status(upath const & path);
 
 /// Tells whether a file exists; throws as `status` does.

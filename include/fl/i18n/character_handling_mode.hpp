@@ -2,9 +2,9 @@
 
 #include <fl/i18n/export.hpp>
 #include <fl/i18n/locale.hpp>
-#include <fl/i18n/ustring_type.hpp>
 
 #include <cstddef>
+#include <string_view>
 
 namespace fl::i18n {
 
@@ -55,7 +55,8 @@ namespace detail {
 FL_I18N_API int compare(char16_t const * a, std::size_t a_length, char16_t const * b, std::size_t b_length,
                         character_handling_mode_context const & mode);
 /// Compares two texts under a mode, as the function for pointers does.
-FL_I18N_API int compare(ustring const & a, ustring const & b, character_handling_mode_context const & mode);
+FL_I18N_API int compare(std::u16string_view a, std::u16string_view b,
+                        character_handling_mode_context const & mode);
 
 } // namespace detail
 

@@ -151,7 +151,7 @@ FL_I18N_API char32_t toupper(char32_t c) noexcept;
 
 /// Compares two texts that end with NUL under full default case folding, in the order of UTF-16 units.
 ///
-/// The result is negative, 0 or positive.
+/// The result is negative, 0 or positive; the order of texts with lone surrogates is arbitrary.
 FL_I18N_API int strcasecmp(char16_t const * a, char16_t const * b) noexcept;
 /// Compares at most `n` UTF-16 units of two texts as `strcasecmp` does; -1 without a look at either when `n`
 /// exceeds 0x7fffffff.
@@ -226,9 +226,13 @@ FL_I18N_API std::size_t transform(char16_t * dst, std::size_t dst_len, char16_t 
 ///
 /// Throws what `detail::transform` throws.
 template <class... Modes>
+requires requires(char16_t * text, Modes const &... modes) {
+    detail::transform(text, 0, text, 0, modes...);
+}
 ustring transform(std::u16string_view text, Modes const &... modes) {
     ustring result;
-    std::size_t length = text.size();
+    // A text that is too long is refused before a buffer is made for it.
+    std::size_t length = text.size() <= 0x7fffffff ? text.size() : 0;
     do {
         result.resize(length);
         length = detail::transform(result.data(), result.size(), text.data(), text.size(), modes...);

@@ -9,7 +9,8 @@
 
 /// Points in time as `boost::posix_time::ptime`, in UTC and in Boost's default resolution of a microsecond.
 ///
-/// Programs that change that resolution (`BOOST_DATE_TIME_POSIX_TIME_STD_CONFIG`) cannot use these functions.
+/// Any thread may call the functions. Programs that change that resolution
+/// (`BOOST_DATE_TIME_POSIX_TIME_STD_CONFIG`) cannot use these functions.
 namespace fl::i18n::date_time {
 
 /// Identifies an exception of the date and time family.
