@@ -1,4 +1,5 @@
 #include "chars/folded_text.hpp"
+#include "chars/mark_order.hpp"
 
 #include <algorithm>
 #include <boost/throw_exception.hpp>
@@ -140,7 +141,10 @@ int compare(char16_t const * a, std::size_t a_length, char16_t const * b, std::s
     normalizer_getter const form = form_of(mode.mode());
     // ASCII is the same in every form.
     if (form && !(is_ascii(left) && is_ascii(right))) {
-        return normalized(left, form, mode).compare(normalized(right, form, mode));
+        ustring left_storage;
+        ustring right_storage;
+        return normalized(order_long_mark_runs(left, left_storage), form, mode)
+            .compare(normalized(order_long_mark_runs(right, right_storage), form, mode));
     }
     if (mode.mode() & modes::case_insensitive_mode) {
         return compare_without_case(left, right, folding_of(mode));

@@ -1,5 +1,8 @@
 #include <fl/i18n/ctype.hpp>
 #include <gtest/gtest.h>
+#include <random>
+#include <unicode/unorm2.h>
+#include <unicode/utf16.h>
 
 namespace fl::i18n {
 namespace {
@@ -65,6 +68,34 @@ TEST(Transform, Normalizes) {
         expect_transform(row.text, row.composed, normalization_form::compose);
         expect_transform(row.text, row.decomposed, normalization_form::decompose);
     }
+}
+
+TEST(Transform, NormalizesLongRunsOfMarks) {
+    // The conversion library alone would take minutes for the longest.
+    ustring const marks = u"\x301\x323\xF73\x344\xD834\xDD65\xD834\xDD6D\x307\x1D16\x340";
+    std::mt19937 random(20240229);
+    for (std::size_t const length : {100u, 127u, 128u, 129u, 130u, 300u, 1000u}) {
+        SCOPED_TRACE(length);
+        ustring text = u"\xE9";
+        while (text.size() < length) {
+            std::size_t const at = random() % marks.size();
+            text += marks.substr(at, U16_IS_LEAD(marks[at]) ? 2 : 1);
+        }
+        text += u"\x323z\xD800";
+        text += text;
+        UErrorCode status = U_ZERO_ERROR;
+        ustring expected(20 * text.size(), u'\0');
+        expected.resize(std::size_t(unorm2_normalize(unorm2_getNFDInstance(&status), text.data(),
+                                                     std::int32_t(text.size()), expected.data(),
+                                                     std::int32_t(expected.size()), &status)));
+        expect_transform(text, expected, normalization_form::decompose);
+        EXPECT_EQ(transform(expected, normalization_form::compose),
+                  transform(text, normalization_form::compose));
+    }
+    ustring const hostile = u"a" + ustring(1'000'000, u'\x301') + ustring(1'000'000, u'\x323');
+    ustring const ordered = u"a" + ustring(1'000'000, u'\x323') + ustring(1'000'000, u'\x301');
+    EXPECT_EQ(transform(hostile, normalization_form::decompose), ordered);
+    EXPECT_EQ(detail::compare(hostile, ordered, character_handling_mode_context::normalized_compose_mode), 0);
 }
 
 TEST(Transform, MapsCaseBeforeItNormalizes) {
