@@ -51,7 +51,7 @@ TEST(file_functions, keep_every_name) {
         std::fclose(stream);
         EXPECT_TRUE(exists(path));
         last_write_time(path, new_year);
-        EXPECT_EQ(test::last_write_file_time(path), i18n::date_time::ptime_to_filetime(new_year));
+        EXPECT_EQ(test::file_times_of(path).write, i18n::date_time::ptime_to_filetime(new_year));
         EXPECT_EQ(compare(path, path), 0);
         std::vector<ustring> found;
         for (auto const & entry : std::filesystem::directory_iterator(standard.parent_path())) {
@@ -104,7 +104,7 @@ TEST(last_write_time, is_set_to_the_microsecond) {
         for (ptime const & time : {new_year + microseconds(86'399'123'457),
                                    ptime(date(1970, 1, 1)) - microseconds(1), ptime(date(2100, 1, 1))}) {
             last_write_time(path, time);
-            EXPECT_EQ(i18n::date_time::filetime_to_ptime(test::last_write_file_time(path)), time);
+            EXPECT_EQ(i18n::date_time::filetime_to_ptime(test::file_times_of(path).write), time);
         }
         EXPECT_NO_THROW(last_write_time(path.string(), before_1601 + microseconds(2)));
     }

@@ -1,6 +1,7 @@
 #include "files/open_stream.hpp"
 #include "files/temp_directory.hpp"
 #include "files/temporary_files.hpp"
+#include "foundation/filesystem/open_file.hpp"
 #include "platform/platform.hpp"
 #include "tests/support/system_queries.hpp"
 #include "tests/support/temporary_directory.hpp"
@@ -114,12 +115,21 @@ TEST(temp_directory, is_chosen_from_every_mixture_of_candidates) {
     EXPECT_EQ(mixtures.size(), 1u + 5 + 25 + 125 + 625);
 }
 
-TEST(last_write_time, keeps_100_nanoseconds) {
+TEST(open_file, reads_a_name_to_its_end) {
+    test::temporary_directory const directory;
+    directory.write(u"file", "");
+    EXPECT_TRUE(open_file(directory.path() / u"file"));
+    EXPECT_FALSE(open_file(directory.path() / ustring(u"file\0x", 6)));
+}
+
+TEST(last_write_time, sets_100_nanoseconds_and_leaves_the_access_time) {
     test::temporary_directory const directory;
     constexpr std::uint64_t odd_time = 133'500'000'012'345'671;
     std::wstring const native = make_native_access_form(directory.path());
+    std::uint64_t const accessed = test::file_times_of(directory.path()).access;
     ASSERT_EQ(platform::set_last_write_time(native, odd_time), platform::error::success);
-    EXPECT_EQ(test::last_write_file_time(directory.path()), odd_time);
+    EXPECT_EQ(test::file_times_of(directory.path()).write, odd_time);
+    EXPECT_EQ(test::file_times_of(directory.path()).access, accessed);
 }
 
 } // namespace

@@ -16,9 +16,14 @@ struct form_row {
     std::wstring text;
     path_kind kind;
     std::size_t root_name_length;
-    /// The long form as it is and without redundant elements; empty when refused.
+    /// Empty when refused.
     std::wstring long_form = {};
-    std::wstring clean_form = {};
+    /// The long form without redundant elements, where that differs.
+    std::wstring other_clean_form = {};
+
+    std::wstring const & clean_form() const {
+        return other_clean_form.empty() ? long_form : other_clean_form;
+    }
 };
 
 std::wstring const long_name(39990, L'n');
@@ -57,13 +62,13 @@ form_row const form_rows[] = {
     {"drive_slash", L"C:/", drive_relative, 2},
     {"drive_slash_name", L"C:/a\\b", drive_relative, 2},
     {"drive_dots", L"C:..\\a", drive_relative, 2},
-    {"drive_root", L"z:\\", drive_absolute, 2, L"\\\\?\\z:\\", L"\\\\?\\z:\\"},
-    {"first_drive", L"A:\\a", drive_absolute, 2, L"\\\\?\\A:\\a", L"\\\\?\\A:\\a"},
-    {"last_drive", L"Z:\\a", drive_absolute, 2, L"\\\\?\\Z:\\a", L"\\\\?\\Z:\\a"},
+    {"drive_root", L"z:\\", drive_absolute, 2, L"\\\\?\\z:\\"},
+    {"first_drive", L"A:\\a", drive_absolute, 2, L"\\\\?\\A:\\a"},
+    {"last_drive", L"Z:\\a", drive_absolute, 2, L"\\\\?\\Z:\\a"},
     {"drive_mixed", L"C:\\a/b", drive_absolute, 2, L"\\\\?\\C:\\a/b", L"\\\\?\\C:\\a\\b"},
-    {"drive_astral", L"C:\\" + emoji, drive_absolute, 2, L"\\\\?\\C:\\" + emoji, L"\\\\?\\C:\\" + emoji},
-    {"drive_combining", L"C:\\e\u0301", drive_absolute, 2, L"\\\\?\\C:\\e\u0301", L"\\\\?\\C:\\e\u0301"},
-    {"drive_lone_surrogate", L"C:\\\xDE00", drive_absolute, 2, L"\\\\?\\C:\\\xDE00", L"\\\\?\\C:\\\xDE00"},
+    {"drive_astral", L"C:\\" + emoji, drive_absolute, 2, L"\\\\?\\C:\\" + emoji},
+    {"drive_combining", L"C:\\e\u0301", drive_absolute, 2, L"\\\\?\\C:\\e\u0301"},
+    {"drive_lone_surrogate", L"C:\\\xDE00", drive_absolute, 2, L"\\\\?\\C:\\\xDE00"},
     {"drive_dot", L"C:\\.\\a", drive_absolute, 2, L"\\\\?\\C:\\.\\a", L"\\\\?\\C:\\a"},
     {"drive_dot_end", L"C:\\a\\.", drive_absolute, 2, L"\\\\?\\C:\\a\\.", L"\\\\?\\C:\\a"},
     {"drive_parent", L"C:\\a\\..\\b", drive_absolute, 2, L"\\\\?\\C:\\a\\..\\b", L"\\\\?\\C:\\b"},
@@ -74,12 +79,10 @@ form_row const form_rows[] = {
      L"\\\\?\\C:\\b\\c"},
     {"drive_doubled", L"C:\\a\\\\b//c", drive_absolute, 2, L"\\\\?\\C:\\a\\\\b//c", L"\\\\?\\C:\\a\\b\\c"},
     {"drive_doubled_root", L"C:\\\\a", drive_absolute, 2, L"\\\\?\\C:\\\\a", L"\\\\?\\C:\\a"},
-    {"drive_separator_end", L"C:\\a\\", drive_absolute, 2, L"\\\\?\\C:\\a\\", L"\\\\?\\C:\\a\\"},
+    {"drive_separator_end", L"C:\\a\\", drive_absolute, 2, L"\\\\?\\C:\\a\\"},
     {"drive_slash_end", L"C:\\a/", drive_absolute, 2, L"\\\\?\\C:\\a/", L"\\\\?\\C:\\a\\"},
-    {"drive_trailing_dots", L"C:\\a.\\b..\\...", drive_absolute, 2, L"\\\\?\\C:\\a.\\b..\\...",
-     L"\\\\?\\C:\\a.\\b..\\..."},
-    {"drive_of_40000_units", L"C:\\" + long_name, drive_absolute, 2, L"\\\\?\\C:\\" + long_name,
-     L"\\\\?\\C:\\" + long_name},
+    {"drive_trailing_dots", L"C:\\a.\\b..\\...", drive_absolute, 2, L"\\\\?\\C:\\a.\\b..\\..."},
+    {"drive_of_40000_units", L"C:\\" + long_name, drive_absolute, 2, L"\\\\?\\C:\\" + long_name},
     {"drive_of_40000_units_parent", L"C:\\" + long_name + L"\\..\\a", drive_absolute, 2,
      L"\\\\?\\C:\\" + long_name + L"\\..\\a", L"\\\\?\\C:\\a"},
     {"two_backslashes", L"\\\\", invalid, 0},
@@ -91,20 +94,17 @@ form_row const form_rows[] = {
     {"no_share", L"\\\\server\\\\share", invalid, 0},
     {"no_server", L"\\\\\\share", invalid, 0},
     {"server_of_40000_units", L"\\\\" + long_name, invalid, 0},
-    {"share", L"\\\\s\\x", unc, 5, L"\\\\?\\UNC\\s\\x", L"\\\\?\\UNC\\s\\x"},
-    {"share_root", L"\\\\s\\x\\", unc, 5, L"\\\\?\\UNC\\s\\x\\", L"\\\\?\\UNC\\s\\x\\"},
-    {"share_file", L"\\\\server\\share\\f", unc, 14, L"\\\\?\\UNC\\server\\share\\f",
-     L"\\\\?\\UNC\\server\\share\\f"},
+    {"share", L"\\\\s\\x", unc, 5, L"\\\\?\\UNC\\s\\x"},
+    {"share_root", L"\\\\s\\x\\", unc, 5, L"\\\\?\\UNC\\s\\x\\"},
+    {"share_file", L"\\\\server\\share\\f", unc, 14, L"\\\\?\\UNC\\server\\share\\f"},
     {"share_slashes", L"//server/share/f", unc, 14, L"\\\\?\\UNC\\server/share/f",
      L"\\\\?\\UNC\\server\\share\\f"},
     {"share_mixed", L"\\/s/x\\f", unc, 5, L"\\\\?\\UNC\\s/x\\f", L"\\\\?\\UNC\\s\\x\\f"},
     {"share_above_root", L"\\\\s\\x\\..\\..\\f", unc, 5, L"\\\\?\\UNC\\s\\x\\..\\..\\f",
      L"\\\\?\\UNC\\s\\x\\f"},
-    {"share_astral", L"\\\\" + emoji + L"\\x\\f", unc, 6, L"\\\\?\\UNC\\" + emoji + L"\\x\\f",
-     L"\\\\?\\UNC\\" + emoji + L"\\x\\f"},
-    {"share_of_40000_units", L"\\\\s\\x\\" + long_name, unc, 5, L"\\\\?\\UNC\\s\\x\\" + long_name,
-     L"\\\\?\\UNC\\s\\x\\" + long_name},
-    {"question_mark_server", L"\\\\?a\\x", unc, 6, L"\\\\?\\UNC\\?a\\x", L"\\\\?\\UNC\\?a\\x"},
+    {"share_astral", L"\\\\" + emoji + L"\\x\\f", unc, 6, L"\\\\?\\UNC\\" + emoji + L"\\x\\f"},
+    {"share_of_40000_units", L"\\\\s\\x\\" + long_name, unc, 5, L"\\\\?\\UNC\\s\\x\\" + long_name},
+    {"question_mark_server", L"\\\\?a\\x", unc, 6, L"\\\\?\\UNC\\?a\\x"},
     {"device", L"\\\\.\\pipe", device, 0},
     {"device_slashes", L"//./pipe", device, 0},
     {"device_drive", L"\\\\.\\C:\\a", device, 0},
@@ -119,16 +119,14 @@ form_row const form_rows[] = {
     {"long_drive", L"\\\\?\\C:", long_drive_without_root, 6},
     {"long_drive_name", L"\\\\?\\C:a", long_drive_without_root, 6},
     {"long_drive_slash", L"\\\\?\\C:/a", long_drive_without_root, 6},
-    {"long_root", L"\\\\?\\C:\\", long_drive_absolute, 6, L"\\\\?\\C:\\", L"\\\\?\\C:\\"},
-    {"long_absolute", L"\\\\?\\C:\\a", long_drive_absolute, 6, L"\\\\?\\C:\\a", L"\\\\?\\C:\\a"},
+    {"long_root", L"\\\\?\\C:\\", long_drive_absolute, 6, L"\\\\?\\C:\\"},
+    {"long_absolute", L"\\\\?\\C:\\a", long_drive_absolute, 6, L"\\\\?\\C:\\a"},
     {"long_absolute_slashes", L"//?/C:\\a", long_drive_absolute, 6, L"//?/C:\\a", L"\\\\?\\C:\\a"},
     {"long_absolute_parent", L"\\\\?\\C:\\a\\..\\b", long_drive_absolute, 6, L"\\\\?\\C:\\a\\..\\b",
      L"\\\\?\\C:\\b"},
-    {"long_absolute_astral", L"\\\\?\\C:\\" + emoji, long_drive_absolute, 6, L"\\\\?\\C:\\" + emoji,
-     L"\\\\?\\C:\\" + emoji},
-    {"long_unc", L"\\\\?\\UNC\\server\\share\\f", long_unc, 20, L"\\\\?\\UNC\\server\\share\\f",
-     L"\\\\?\\UNC\\server\\share\\f"},
-    {"long_unc_share", L"\\\\?\\UNC\\s\\x", long_unc, 11, L"\\\\?\\UNC\\s\\x", L"\\\\?\\UNC\\s\\x"},
+    {"long_absolute_astral", L"\\\\?\\C:\\" + emoji, long_drive_absolute, 6, L"\\\\?\\C:\\" + emoji},
+    {"long_unc", L"\\\\?\\UNC\\server\\share\\f", long_unc, 20, L"\\\\?\\UNC\\server\\share\\f"},
+    {"long_unc_share", L"\\\\?\\UNC\\s\\x", long_unc, 11, L"\\\\?\\UNC\\s\\x"},
     {"long_unc_mixed", L"//?/uNc/s/x", long_unc, 11, L"//?/uNc/s/x", L"\\\\?\\uNc\\s\\x"},
     {"long_unc_parent", L"\\\\?\\UNC\\s\\x\\..\\..\\..\\f", long_unc, 11, L"\\\\?\\UNC\\s\\x\\..\\..\\..\\f",
      L"\\\\?\\UNC\\s\\x\\f"},
@@ -160,13 +158,13 @@ TEST(path_forms, follow_from_the_beginning_of_the_text) {
         EXPECT_EQ(classify_path(row.text, false), row.kind);
         EXPECT_EQ(root_name_length(row.text, row.kind), row.root_name_length);
         expect_form(access_form, row.text, false, row.long_form);
-        expect_form(access_form_with_cleanup, row.text, false, row.clean_form);
+        expect_form(access_form_with_cleanup, row.text, false, row.clean_form());
         // Without drives all that begins with one separator is complete; the rest is told in the same way.
         bool const is_root_absolute = begins_with_one_separator(row.text);
         EXPECT_EQ(classify_path(row.text, true), is_root_absolute ? root_absolute : row.kind);
         expect_form(access_form, row.text, true, is_root_absolute ? row.text : row.long_form);
         if (!is_root_absolute) {
-            expect_form(access_form_with_cleanup, row.text, true, row.clean_form);
+            expect_form(access_form_with_cleanup, row.text, true, row.clean_form());
         }
     }
 }

@@ -17,6 +17,12 @@
 /// What only the system itself tells a test.
 namespace fl::test {
 
+/// In 100-nanosecond intervals since 1601.
+struct file_times {
+    std::uint64_t access;
+    std::uint64_t write;
+};
+
 #ifdef _WIN32
 
 /// Returns the number of handles that this process has open, those of streams among them.
@@ -39,11 +45,14 @@ inline bool become_ordinary_user() {
     return true;
 }
 
-/// Returns the time of the last write in 100-nanosecond intervals since 1601; 0 when it cannot be told.
-inline std::uint64_t last_write_file_time(filesystem::upath const & path) {
+/// Returns the times of a file; 0 when they cannot be told.
+inline file_times file_times_of(filesystem::upath const & path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     GetFileAttributesExW(filesystem::make_native_access_form(path).c_str(), GetFileExInfoStandard, &data);
-    return std::uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32 | data.ftLastWriteTime.dwLowDateTime;
+    auto const number = [](FILETIME const & time) {
+        return std::uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime;
+    };
+    return {number(data.ftLastAccessTime), number(data.ftLastWriteTime)};
 }
 
 #else
@@ -63,13 +72,15 @@ inline bool become_ordinary_user() {
     return ::getuid() != 0 || ::setreuid(nobody, ::geteuid()) == 0;
 }
 
-inline std::uint64_t last_write_file_time(filesystem::upath const & path) {
+inline file_times file_times_of(filesystem::upath const & path) {
     std::u16string text = path.string();
     std::replace(text.begin(), text.end(), u'\\', u'/');
     struct stat data {};
     ::stat(std::filesystem::path(text).c_str(), &data);
-    return static_cast<std::uint64_t>((data.st_mtim.tv_sec + 11'644'473'600) * 10'000'000 +
-                                      data.st_mtim.tv_nsec / 100);
+    auto const number = [](timespec const & time) {
+        return static_cast<std::uint64_t>((time.tv_sec + 11'644'473'600) * 10'000'000 + time.tv_nsec / 100);
+    };
+    return {number(data.st_atim), number(data.st_mtim)};
 }
 
 #endif

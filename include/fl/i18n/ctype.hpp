@@ -224,7 +224,7 @@ FL_I18N_API std::size_t transform(char16_t * dst, std::size_t dst_len, char16_t 
 
 /// Returns what the modes make of a text: a case tag, a form of normalisation, or both in this order.
 ///
-/// Throws what `detail::transform` throws.
+/// Any thread may call it. Throws what `detail::transform` throws.
 template <class... Modes>
 requires requires(char16_t * text, Modes const &... modes) {
     detail::transform(text, 0, text, 0, modes...);
