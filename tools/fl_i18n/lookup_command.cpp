@@ -1,9 +1,10 @@
-#include "tools/fl_i18n/lookup_command.hpp"
+#include "tools/fl_i18n/commands.hpp"
 
+#include "tools/fl_i18n/command.hpp"
 #include "tools/fl_i18n/console.hpp"
-#include "tools/fl_i18n/exit_status.hpp"
 #include "tools/fl_i18n/explanation.hpp"
 
+#include <CLI/CLI.hpp>
 #include <charconv>
 #include <fl/i18n/locale.hpp>
 #include <fl/i18n/lookup_report.hpp>
@@ -77,12 +78,7 @@ std::string check_locale(std::string const & name) {
     }
 }
 
-int fail(exit_status status, std::string const & text) {
-    write(stderr, i18n::utf8_to_ustring("fl-i18n: " + text + "\n"));
-    return status;
-}
-
-int run(lookup_options const & options) {
+void run(lookup_options const & options) {
     if (!options.roots.empty()) {
         std::vector<i18n::ustring> roots;
         for (std::string const & root : options.roots) {
@@ -91,8 +87,8 @@ int run(lookup_options const & options) {
         try {
             MessageCatalog::MessageCatalogInit(roots);
         } catch (MessageCatalog::MessageCatalogIncorrectRoot const & failure) {
-            return fail(exit_input_output,
-                        std::string(failure.what()) + ": no root has a directory \"resources\"");
+            throw command_failure(exit_input_output,
+                                  std::string(failure.what()) + ": no root has a directory \"resources\"");
         }
     }
     std::vector<MessageCatalog::Argument> arguments;
@@ -103,18 +99,19 @@ int run(lookup_options const & options) {
                                        : i18n::QzLocale::createLocale(i18n::QzLocale::global());
     i18n::LookupReport const report = i18n::explain_lookup(options.id, *locale, arguments, std::nullopt);
     bool const done = report.step == i18n::LookupStep::done;
-    i18n::ustring const output = options.explain ? explain(report)
-                                 : done          ? report.text + u"\n"
-                                                 : i18n::ustring();
-    if (!write(stdout, output)) {
-        return fail(exit_input_output, "the output cannot be written");
+    if (options.explain) {
+        print(i18n::ustring_to_utf8(explain(report)));
+    } else if (done) {
+        print(i18n::ustring_to_utf8(report.text + u"\n"));
     }
-    return done ? exit_good : fail(exit_findings, report.error);
+    if (!done) {
+        throw command_failure(exit_findings, report.error);
+    }
 }
 
 } // namespace
 
-void add_lookup_command(CLI::App & program, int & status) {
+void add_lookup_command(CLI::App & program) {
     auto const options = std::make_shared<lookup_options>();
     CLI::App * const command = program.add_subcommand("lookup", "Print the text of a message");
     command
@@ -144,7 +141,7 @@ void add_lookup_command(CLI::App & program, int & status) {
         "  fl-i18n lookup fl:i18n:LcRscOpenFileFailure --locale fr --arg s:lcdata.xml\n"
         "  fl-i18n lookup app:ui:FilesFound --root /opt/app --arg i:3\n\n"
         "Exit status: 0 found, 1 not found or not filled, 2 wrong usage, 3 input or output failed.");
-    command->callback([options, &status] { status = run(*options); });
+    command->callback([options] { run(*options); });
 }
 
 } // namespace fl::tool

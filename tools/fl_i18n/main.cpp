@@ -1,6 +1,6 @@
+#include "tools/fl_i18n/command.hpp"
+#include "tools/fl_i18n/commands.hpp"
 #include "tools/fl_i18n/console.hpp"
-#include "tools/fl_i18n/exit_status.hpp"
-#include "tools/fl_i18n/lookup_command.hpp"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -17,7 +17,7 @@ int run(std::vector<std::string> arguments) {
     CLI::App program("Tools for localised messages", "fl-i18n");
     program.set_version_flag("--version", FL_I18N_VERSION);
     program.require_subcommand(1);
-    add_lookup_command(program, status);
+    add_lookup_command(program);
     // The parser takes its arguments in reverse.
     std::reverse(arguments.begin(), arguments.end());
     try {
@@ -38,10 +38,17 @@ int run(std::vector<std::string> arguments) {
 } // namespace fl::tool
 
 int main(int argc, char ** argv) {
+    using namespace fl::tool;
+    auto const report = [](std::exception const & failure) {
+        write(stderr, fl::i18n::utf8_to_ustring(std::string("fl-i18n: ") + failure.what() + "\n"));
+    };
     try {
-        return fl::tool::run(fl::tool::program_arguments(argc, argv));
+        return run(program_arguments(argc, argv));
+    } catch (command_failure const & failure) {
+        report(failure);
+        return failure.status();
     } catch (std::exception const & failure) {
-        fl::tool::write(stderr, fl::i18n::utf8_to_ustring(std::string("fl-i18n: ") + failure.what() + "\n"));
-        return fl::tool::exit_input_output;
+        report(failure);
+        return exit_input_output;
     }
 }

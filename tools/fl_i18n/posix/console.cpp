@@ -12,11 +12,17 @@ std::vector<std::string> program_arguments(int argc, char const * const * argv) 
 }
 
 bool write(std::FILE * stream, i18n::ustring const & text) {
-    std::string const bytes = isatty(fileno(stream))
+    std::string const bytes = is_terminal(stream)
                                   ? i18n::to_string(text, *i18n::create_codecvt_ustring_to_terminal_output())
                                   : i18n::ustring_to_utf8(text);
     return std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size() && std::fflush(stream) == 0;
 }
+
+bool is_terminal(std::FILE * stream) {
+    return isatty(fileno(stream));
+}
+
+void set_binary(std::FILE *) {}
 
 i18n::ustring display_path(i18n::ustring path) {
     std::replace(path.begin(), path.end(), u'\\', u'/');

@@ -1,6 +1,7 @@
 #include "tools/fl_i18n/console.hpp"
 
 #include <algorithm>
+#include <fcntl.h>
 #include <fl/i18n/ustring.hpp>
 #include <io.h>
 #include <memory>
@@ -52,6 +53,14 @@ bool write(std::FILE * stream, i18n::ustring const & text) {
     }
     std::string const bytes = i18n::ustring_to_utf8(text);
     return std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size() && std::fflush(stream) == 0;
+}
+
+bool is_terminal(std::FILE * stream) {
+    return console_of(stream) != nullptr;
+}
+
+void set_binary(std::FILE * stream) {
+    _setmode(_fileno(stream), _O_BINARY);
 }
 
 i18n::ustring display_path(i18n::ustring path) {

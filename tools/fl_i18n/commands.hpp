@@ -1,0 +1,15 @@
+#pragma once
+
+namespace CLI {
+class App;
+} // namespace CLI
+
+/// The commands of the program. Each function adds one with its options and what runs when it is named.
+///
+/// A command that fails throws `command_failure`; one whose answer can be bad sets `status`, which stays
+/// `exit_good` otherwise.
+namespace fl::tool {
+
+void add_lookup_command(CLI::App & program);
+
+} // namespace fl::tool
