@@ -10,6 +10,7 @@ namespace resource_core {
 /// Carries the text of a catalog identifier, such as "fl:i18n".
 class FL_I18N_API BaseCatalogID {
 public:
+    /// Takes any text.
     BaseCatalogID(std::string id);
 
     /// Returns the identifier's text as given.
@@ -22,6 +23,7 @@ private:
 /// Carries the text of a message identifier, such as "fl:i18n:QzLcInvLcName".
 class FL_I18N_API BaseMsgID {
 public:
+    /// Takes any text.
     BaseMsgID(std::string id);
 
     /// Returns the identifier's text as given.

@@ -23,9 +23,11 @@ public:
     std::vector<i18n::ustring> const & paths() const noexcept { return paths_; }
 
 protected:
+    /// Makes an exception without a path.
     explicit FsysExceptionBase(std::string text);
-    /// The text is completed with the path.
+    /// Makes an exception of one path, which completes the text.
     FsysExceptionBase(char const * text, i18n::ustring path);
+    /// Makes an exception of several paths; the text is complete.
     FsysExceptionBase(std::string text, i18n::ustring path, std::vector<i18n::ustring> paths);
 
 private:
@@ -37,48 +39,56 @@ private:
 /// The system refuses access to the path.
 class FL_I18N_API AccessDenied : public FsysExceptionBase {
 public:
+    /// Makes the exception for a path.
     explicit AccessDenied(i18n::ustring path);
 };
 
 /// A directory is not empty.
 class FL_I18N_API DirectoryNotEmpty : public FsysExceptionBase {
 public:
+    /// Makes the exception for a path.
     explicit DirectoryNotEmpty(i18n::ustring path);
 };
 
 /// The file exists already.
 class FL_I18N_API FileExistsError : public FsysExceptionBase {
 public:
+    /// Makes the exception for a path.
     explicit FileExistsError(i18n::ustring path);
 };
 
 /// The path does not name a directory.
 class FL_I18N_API NotDirectoryError : public FsysExceptionBase {
 public:
+    /// Makes the exception for a path.
     explicit NotDirectoryError(i18n::ustring path);
 };
 
 /// The path does not exist.
 class FL_I18N_API PathNotFound : public FsysExceptionBase {
 public:
+    /// Makes the exception for a path.
     explicit PathNotFound(i18n::ustring path);
 };
 
 /// The path is longer than the system permits.
 class FL_I18N_API FileNameTooLarge : public FsysExceptionBase {
 public:
+    /// Makes the exception for a path.
     explicit FileNameTooLarge(i18n::ustring path);
 };
 
 /// An argument cannot be used; `what` is the message alone.
 class FL_I18N_API InvalidArgument : public FsysExceptionBase {
 public:
+    /// Makes the exception with a message; `paths` are all paths of the operation.
     InvalidArgument(std::string message, i18n::ustring path, std::vector<i18n::ustring> paths);
 };
 
 /// The system reported an error that has no class of its own.
 class FL_I18N_API SystemError : public FsysExceptionBase {
 public:
+    /// Makes the exception for an error code; `paths` are all paths of the operation.
     SystemError(unsigned code, i18n::ustring path, std::vector<i18n::ustring> paths);
 
     /// Returns the system's error code, in the numbers of Windows; an `errno` value where a function says so.

@@ -167,11 +167,10 @@ FL_I18N_API std::FILE * tmpfile(i18n::ustring & name, i18n::ustring const & dire
 /// Sets the time of the last write to a file or directory, in UTC.
 ///
 /// The path must have a long form as it stands: absolute, with backslashes. Throws `InvalidArgument` for any
-/// other path, for a special value and for a time outside the years 1601 to 9999, and for what the system
-/// refuses
-/// `PathNotFound`, `AccessDenied` or another exception of the family. The system rounds a time to what its
-/// file system can keep; Windows leaves a file as it is for the first instant of 1601. Any thread may call
-/// it.
+/// other path, for a special value and for a time outside the years 1601 to 9999, and `PathNotFound`,
+/// `AccessDenied` or another exception of the family for what the system refuses. The system rounds a time to
+/// what its file system can keep; Windows leaves a file as it is for the first instant of 1601. Any thread
+/// may call it.
 FL_I18N_API void last_write_time(upath const & path, boost::posix_time::ptime const & time);
 /// Sets the time of the last write as the function for `upath` does.
 FL_I18N_API void last_write_time(i18n::ustring const & path, boost::posix_time::ptime const & time);

@@ -20,29 +20,42 @@ namespace fl::filesystem {
 template <class Char>
 struct pathname_traits;
 
+/// The constants of native path text.
 template <>
 struct pathname_traits<wchar_t> {
+    /// The separator.
     static constexpr wchar_t PATHNAME_SEPARATOR_CHARACTER = L'\\';
+    /// The other separator, accepted wherever a path is read.
     static constexpr wchar_t GENERIC_PATHNAME_SEPARATOR_CHARACTER = L'/';
+    /// What follows a drive letter.
     static constexpr wchar_t VOLUME_SEPARATOR_CHARACTER = L':';
+    /// What the long form of a path begins with.
     static constexpr wchar_t LONG_PATHNAME_PREFIX[] = L"\\\\?\\";
+    /// What the long form of a path on a share begins with.
     static constexpr wchar_t LONG_UNC_PATHNAME_PREFIX[] = L"\\\\?\\UNC\\";
+    /// What a path on a share begins with.
     static constexpr wchar_t UNC_PREFIX[] = L"\\\\";
+    /// What the name of an object of the Windows kernel begins with.
     static constexpr wchar_t NT_OBJECT_PREFIX[] = L"\\??\\";
 };
 
 /// The same constants for `upath`.
 struct upath_constant : pathname_traits<wchar_t> {};
 
+/// What the operations on paths are made of.
 namespace detail {
 
 /// Converts between the native text of a path and the text that its users see, unit for unit.
 template <class NativeChar, class Char>
 struct path_traits {
+    /// The string type of native text.
     using native_string = std::basic_string<NativeChar>;
+    /// The string type of the text that users see.
     using string = std::basic_string<Char>;
 
+    /// Returns native text, one unit for each unit of the source.
     static native_string to_native(string const & text) { return {text.begin(), text.end()}; }
+    /// Returns the text of native text, one unit for each unit of the source.
     static string from_native(native_string const & text) { return {text.begin(), text.end()}; }
 };
 
@@ -55,16 +68,22 @@ struct path_traits {
 template <class NativeChar, class Char, class Traits>
 class basic_path {
 public:
+    /// The string type of native text.
     using native_string_type = std::basic_string<NativeChar>;
+    /// The string type of the text that users see.
     using string_type = std::basic_string<Char>;
 
     basic_path() = default;
+    /// Takes a text.
     basic_path(string_type const & text)
         : native_(Traits::to_native(text)) {}
+    /// Takes a native text.
     basic_path(native_string_type text)
         : native_(std::move(text)) {}
+    /// Takes a text that is not null and ends with NUL.
     basic_path(Char const * text)
         : basic_path(string_type(text)) {}
+    /// Takes a native text that is not null and ends with NUL.
     basic_path(NativeChar const * text)
         : native_(text) {}
 
@@ -102,6 +121,7 @@ public:
         return *this;
     }
 
+    /// Returns the right path below the left one, as `/=` joins them.
     friend basic_path operator/(basic_path left, basic_path const & right) {
         return std::move(left /= right);
     }
@@ -150,8 +170,8 @@ FL_I18N_API bool is_absolute(upath const & path);
 
 /// What is known of a file.
 struct file_status {
-    bool exists = false;
-    bool is_directory = false;
+    bool exists = false;       ///< it is there
+    bool is_directory = false; ///< it is there and is a directory
 };
 
 /// Asks the system for a file.

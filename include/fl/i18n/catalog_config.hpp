@@ -46,6 +46,7 @@ public:
 /// The catalogs that the service opens when it is initialised from the registry.
 class FL_I18N_API CriticalMessageCatalog : public IImmutableConfig {
 public:
+    /// Takes the catalogs' identifiers.
     CriticalMessageCatalog(std::vector<CatalogID> ids);
 
     /// Returns the catalogs' identifiers; the reference is valid while the object lives.
@@ -58,6 +59,7 @@ private:
 /// Supplies the numeric format for doubles when a caller gives none.
 class FL_I18N_API DoubleFormatProvider : public IImmutableConfig {
 public:
+    /// Takes the function that chooses.
     DoubleFormatProvider(std::function<numeric_format()> provider);
 
     /// Returns what the function returns now; its exceptions pass through.
@@ -72,6 +74,7 @@ private:
 /// The directories below which catalogs are searched, in order.
 class FL_I18N_API MessageSearchPath : public IMutableConfig {
 public:
+    /// Takes the directories.
     MessageSearchPath(std::vector<ustring> const & paths);
 
     /// Returns the directories; the reference is valid while the object lives and is not changed.
@@ -108,10 +111,13 @@ public:
     /// The category of `ConfigError` codes, named "config_error".
     class FL_I18N_API ConfigErrorCategory : public std::error_category {
     public:
+        /// Returns "config_error".
         char const * name() const noexcept override;
+        /// Returns the English text of a code; "Unknown error" for a value that is none.
         std::string message(int value) const override;
     };
 
+    /// Makes an empty registry.
     explicit ConfigurationManager(CreatorKey);
     ConfigurationManager(ConfigurationManager const &) = delete;
     ConfigurationManager & operator=(ConfigurationManager const &) = delete;
@@ -119,19 +125,26 @@ public:
     /// Registers an object. Returns `already_exists` when its kind is registered, and `invalid_type` when the
     /// kind is none of the three or the object is of another kind; the registry is then unchanged.
     std::error_code Set(ConfigKind kind, Config config);
+    /// Registers the critical catalogs, as `Set` does.
     std::error_code SetCriticalCatalogs(CriticalMessageCatalog config);
+    /// Registers the provider of the numeric format, as `Set` does.
     std::error_code SetDoubleFormat(DoubleFormatProvider config);
+    /// Registers the search path, as `Set` does.
     std::error_code SetSearchPath(MessageSearchPath config);
 
-    /// Returns the registered object; throws `std::runtime_error` "Configuration not found" when there is
+    /// Returns the registered catalogs; throws `std::runtime_error` "Configuration not found" when there are
     /// none.
     CriticalMessageCatalog GetCriticalCatalogs() const;
+    /// Returns the registered provider; throws as `GetCriticalCatalogs` does.
     DoubleFormatProvider GetDoubleFormat() const;
+    /// Returns the registered search path; throws as `GetCriticalCatalogs` does.
     MessageSearchPath GetSearchPath() const;
 
-    /// Returns the registered object, if there is one.
+    /// Returns the registered catalogs, if there are any.
     std::optional<CriticalMessageCatalog> FindCriticalCatalogs() const;
+    /// Returns the registered provider, if there is one.
     std::optional<DoubleFormatProvider> FindDoubleFormat() const;
+    /// Returns the registered search path, if there is one.
     std::optional<MessageSearchPath> FindSearchPath() const;
 
     /// Replaces the list of the registered search path; throws `std::runtime_error` "Configuration not found"

@@ -28,7 +28,9 @@ public:
     /// Opens a converter with a call-back mode. Throws `CvtInvalidEncodingName` and what `change_call_back`
     /// does.
     codecvt_string_to_ustring(codecvt_call_back_mode mode, std::string const & encoding);
+    /// Takes over the converter of another object.
     codecvt_string_to_ustring(codecvt_string_to_ustring && other) noexcept;
+    /// Closes the converter and takes over that of another object.
     codecvt_string_to_ustring & operator=(codecvt_string_to_ustring && other) noexcept;
     ~codecvt_string_to_ustring() override;
 
@@ -67,7 +69,9 @@ public:
     /// does.
     codecvt_ustring_to_string(codecvt_call_back_mode mode, std::string const & encoding,
                               std::string const & substitution);
+    /// Takes over the converter of another object.
     codecvt_ustring_to_string(codecvt_ustring_to_string && other) noexcept;
+    /// Closes the converter and takes over that of another object.
     codecvt_ustring_to_string & operator=(codecvt_ustring_to_string && other) noexcept;
     ~codecvt_ustring_to_string() override;
 
@@ -101,6 +105,7 @@ private:
 /// returns the number of units written.
 class FL_I18N_API codecvt_ascii_to_ustring : public converter<char16_t, char> {
 public:
+    /// Makes a lenient or a strict converter.
     explicit codecvt_ascii_to_ustring(bool lenient);
     ~codecvt_ascii_to_ustring() override;
 
@@ -121,6 +126,7 @@ private:
 /// returns the number of bytes written.
 class FL_I18N_API codecvt_ustring_to_ascii : public converter<char, char16_t> {
 public:
+    /// Makes a lenient or a strict converter.
     explicit codecvt_ustring_to_ascii(bool lenient);
     ~codecvt_ustring_to_ascii() override;
 

@@ -27,6 +27,7 @@ enum codecvt_excp_id : std::int32_t {
 /// carried to another thread by `boost::exception_ptr`.
 class FL_I18N_API CvtExceptionBase : public std::exception {
 public:
+    /// Takes the text and the kind of a derived class.
     CvtExceptionBase(char const * text, codecvt_excp_id id);
     ~CvtExceptionBase() override;
 
@@ -50,6 +51,7 @@ public:
 /// No converter exists for an encoding name.
 class FL_I18N_API CvtInvalidEncodingName : public CvtExceptionBase {
 public:
+    /// Takes the name that was refused.
     explicit CvtInvalidEncodingName(std::string const & encoding);
     ~CvtInvalidEncodingName() override;
 
@@ -116,12 +118,12 @@ enum codecvt_call_back_mode : std::int32_t {
     call_back_stop = 1,              ///< fail at the first such character
     call_back_substitute = 16,       ///< substitute a given byte string
     call_back_skip = 32,             ///< not supported by any converter
-    call_back_escape_java = 512,     ///< \u20AC
-    call_back_escape_c = 1024,       ///< \u20AC, \U0001F600
-    call_back_escape_xml_dec = 2048, ///< &#8364;
-    call_back_escape_xml_hex = 4096, ///< &#x20AC;
-    call_back_escape_unicode = 8192, ///< {U+20AC}
-    call_back_escape_css2 = 16384,   ///< \20AC and a space
+    call_back_escape_java = 512,     ///< `\u20AC`
+    call_back_escape_c = 1024,       ///< `\u20AC`, `\U0001F600`
+    call_back_escape_xml_dec = 2048, ///< `&#8364;`
+    call_back_escape_xml_hex = 4096, ///< `&#x20AC;`
+    call_back_escape_unicode = 8192, ///< `{U+20AC}`
+    call_back_escape_css2 = 16384,   ///< `\20AC` and a space
 };
 
 /// Converts whole strings of `From` units into strings of `To` units.
@@ -190,9 +192,12 @@ protected:
     stream_converter(stream_converter const &) = default;
     stream_converter & operator=(stream_converter const &) = default;
 
+    /// Converts as `convert` does.
     virtual std::size_t do_convert(To ** destination_next, To * destination_end, From const ** source_next,
                                    From const * source_end, bool flush) const = 0;
+    /// Forgets what earlier pieces left behind.
     virtual void do_reset_state() const = 0;
+    /// Returns the largest number of destination units that one source character can produce.
     virtual std::size_t do_max_char_size() const = 0;
 };
 

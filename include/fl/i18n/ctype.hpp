@@ -32,6 +32,7 @@ enum ctype_excp_id : std::int32_t {
 /// carried to another thread by `boost::exception_ptr`.
 class FL_I18N_API CtypeExceptionBase : public std::exception {
 public:
+    /// Takes the identifier, the text and the kind of a derived class.
     CtypeExceptionBase(char const * msg_id, char const * text, ctype_excp_id id);
     ~CtypeExceptionBase() override;
 
@@ -58,6 +59,7 @@ public:
 /// The conversion library could not map or normalise a text.
 class FL_I18N_API CtypeTransformFailure : public CtypeExceptionBase {
 public:
+    /// Takes the error code of the conversion library.
     explicit CtypeTransformFailure(int error_code);
     ~CtypeTransformFailure() override;
 
@@ -195,6 +197,7 @@ enum class normalization_form : unsigned {
     decompose = character_handling_mode_context::normalized_decompose_mode, ///< NFD
 };
 
+/// The operations on texts that are given by pointer and length.
 namespace detail {
 
 /// Maps a text to lower case into a buffer of the caller and returns the length of the full result.

@@ -21,9 +21,12 @@ enum date_time_excp_id : int {
 /// The base of all exceptions that date and time operations throw.
 class FL_I18N_API date_time_exception_base : public std::exception {
 public:
+    /// Takes the identifier, the text and the kind of a derived class.
     date_time_exception_base(char const * msg_id, char const * text, date_time_excp_id id);
     ~date_time_exception_base() override;
+    /// Copies an exception, as carrying it to another thread does.
     date_time_exception_base(date_time_exception_base const &);
+    /// Replaces an exception by a copy of another one.
     date_time_exception_base & operator=(date_time_exception_base const &);
 
     /// Returns the English text.

@@ -20,10 +20,12 @@ namespace fl::i18n {
 /// Returns the value of a variable in the system's environment; empty when there is none. `errno` is left
 /// alone unless the name is refused.
 FL_I18N_API ustring getenv(ustring const & name);
+/// Returns the value of a variable, as the function for `ustring` does.
 FL_I18N_API ustring getenv(std::string const & name);
 
 /// Tells whether a variable is present, empty or not, in the system's environment or in the C runtime's copy.
 FL_I18N_API bool isenv(ustring const & name);
+/// Tells whether a variable is present, as the function for `ustring` does.
 FL_I18N_API bool isenv(std::string const & name);
 
 /// Sets a variable. Returns 0 on success, and -1 with `errno` set on failure.
@@ -33,10 +35,12 @@ FL_I18N_API bool isenv(std::string const & name);
 /// refused with EINVAL too. ENOMEM, ENAMETOOLONG and EACCES tell why the system refused. A success without a
 /// call of the C runtime leaves `errno` 0.
 FL_I18N_API int setenv(ustring const & name, ustring const & value, int overwrite, bool allow_empty);
+/// Sets a variable, as the function for `ustring` does.
 FL_I18N_API int setenv(std::string const & name, ustring const & value, int overwrite, bool allow_empty);
 
 /// Removes a variable; one that is absent is a success. Returns and sets `errno` as `setenv` does.
 FL_I18N_API int unsetenv(ustring const & name);
+/// Removes a variable, as the function for `ustring` does.
 FL_I18N_API int unsetenv(std::string const & name);
 
 } // namespace fl::i18n

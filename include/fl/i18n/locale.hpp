@@ -22,9 +22,12 @@ enum class QzLcExcpId : int {
 /// The base of all exceptions that locale operations throw.
 class FL_I18N_API QzLcMgmtExceptionBase : public std::exception {
 public:
+    /// Takes the texts and the kind of a derived class, and the name that was refused.
     QzLcMgmtExceptionBase(char const * msg_id, char const * msg_text, std::string locale_name, QzLcExcpId id);
     ~QzLcMgmtExceptionBase() override;
+    /// Copies an exception, as carrying it to another thread does.
     QzLcMgmtExceptionBase(QzLcMgmtExceptionBase const &);
+    /// Replaces an exception by a copy of another one.
     QzLcMgmtExceptionBase & operator=(QzLcMgmtExceptionBase const &);
 
     /// Returns the English text, as `getMsgText` does.
@@ -48,24 +51,28 @@ private:
 /// A locale name holds characters that no locale name has, or is too long.
 class FL_I18N_API QzLcInvLcName : public QzLcMgmtExceptionBase {
 public:
+    /// Takes the name that was refused.
     explicit QzLcInvLcName(std::string locale_name = {});
 };
 
 /// The data asked for is known neither to the tables nor to the conversion library.
 class FL_I18N_API QzLcDataNotFound : public QzLcMgmtExceptionBase {
 public:
+    /// Takes the name of the locale that the data was asked of.
     explicit QzLcDataNotFound(std::string locale_name = {});
 };
 
 /// A category name or value is none of the six.
 class FL_I18N_API QzLcInvLcCategory : public QzLcMgmtExceptionBase {
 public:
+    /// Takes the category's name that was refused.
     explicit QzLcInvLcCategory(std::string category_name = {});
 };
 
 /// Another argument is out of its range.
 class FL_I18N_API QzLcInvLcArgument : public QzLcMgmtExceptionBase {
 public:
+    /// Takes the argument that was refused.
     explicit QzLcInvLcArgument(std::string argument = {});
 };
 
@@ -107,8 +114,8 @@ public:
 
     /// A category and the locale name that it is to have.
     struct CategoryContext {
-        LcCategory category;
-        std::string name;
+        LcCategory category; ///< the category
+        std::string name;    ///< its locale name
     };
 
     QzLocale(QzLocale const &) = delete;
@@ -117,6 +124,7 @@ public:
     virtual ~QzLocale();
     /// Tells whether both locales have the same names, the same system settings and the same XPG-style name.
     virtual bool operator==(QzLocale const & other) const = 0;
+    /// Tells the opposite.
     virtual bool operator!=(QzLocale const & other) const = 0;
     /// Returns the locale name of a category, such as "ja_JP"; throws `QzLcInvLcCategory` for a value out of
     /// range.
@@ -208,6 +216,7 @@ FL_I18N_API void disable_l10n_resource();
 /// QZLOCALE_L10N_CONTROL, or by the locale database for the messages locale.
 FL_I18N_API bool get_l10n_resource_status();
 
+/// Operations whose names and rules are not settled yet.
 namespace experimental {
 
 /// Makes the locale of a name the global one.

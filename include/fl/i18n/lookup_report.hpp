@@ -21,13 +21,13 @@ enum class LookupStep { set_roots, find_file, load_file, find_key, fill_holes, d
 struct LookupReport {
     /// A file that was looked for.
     struct Candidate {
-        ustring path;
-        bool exists = false;
+        ustring path;        ///< in absolute native form
+        bool exists = false; ///< the system has it
     };
 
     /// A key of the catalog cache that was consulted.
     struct CacheKey {
-        std::string key;
+        std::string key;        ///< catalog identifier, colon and locale name
         bool hit = false;       ///< the cache held the catalog
         bool stored = false;    ///< the lookup put the catalog there
         std::uint64_t hits = 0; ///< how many lookups, with this one, the entry has answered
@@ -35,8 +35,8 @@ struct LookupReport {
 
     /// A hole of the message: its number or name, and its format type, empty for a plain hole.
     struct Hole {
-        ustring name;
-        std::string type;
+        ustring name;     ///< a number in decimal, or a name
+        std::string type; ///< such as "number" or "plural"
     };
 
     std::string catalog;                 ///< the catalog's identifier
@@ -53,8 +53,8 @@ struct LookupReport {
     ustring raw_text;                    ///< the text as the catalog holds it
     std::vector<Hole> holes;             ///< in the order in which they are written
     std::uint64_t holes_expected = 0;    ///< the number of arguments that the text takes
-    std::uint64_t arguments_given = 0;
-    ustring text;                            ///< the message, when the lookup succeeded
+    std::uint64_t arguments_given = 0;   ///< the number of arguments of the call
+    ustring text;                        ///< the message, when the lookup succeeded
     LookupStep step = LookupStep::set_roots; ///< `done`, or the step that failed
     std::string error;                       ///< the text of the exception that ended the lookup
 };

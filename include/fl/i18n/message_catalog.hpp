@@ -38,19 +38,24 @@ public:
     /// A lookup found no roots.
     class FL_I18N_API MessageCatalogNotInitialized : public std::exception {
     public:
+        /// Returns "Message Catalog has not been initialized by a successful call to
+        /// MessageCatalog::MessageCatalogInit".
         char const * what() const noexcept override;
     };
 
     /// An initialisation had no usable root.
     class FL_I18N_API MessageCatalogIncorrectRoot : public std::exception {
     public:
+        /// Returns "Incorrect Message Root Set".
         char const * what() const noexcept override;
     };
 
     /// A catalog's file is missing or could not be loaded.
     class FL_I18N_API MessageCatalogLoadFailed : public std::exception {
     public:
+        /// Takes the catalog's identifier.
         explicit MessageCatalogLoadFailed(std::string const & catalog);
+        /// Returns the English text with the catalog.
         char const * what() const noexcept override;
 
     private:
@@ -60,7 +65,9 @@ public:
     /// A catalog does not hold a key.
     class FL_I18N_API MessageNotFound : public std::exception {
     public:
+        /// Takes the catalog's identifier and the key.
         MessageNotFound(std::string const & catalog, std::string const & key);
+        /// Returns the English text with the key and the catalog.
         char const * what() const noexcept override;
 
     private:
@@ -70,25 +77,30 @@ public:
     /// A text is not a path.
     class FL_I18N_API InvalidPathSupplied : public std::exception {
     public:
+        /// Returns "Path is not valid!".
         char const * what() const noexcept override;
     };
 
     /// A directory has no subdirectory "resources".
     class FL_I18N_API ResDirNotPresent : public std::exception {
     public:
+        /// Returns "Resource directory not found on the path!".
         char const * what() const noexcept override;
     };
 
     /// A path is none of the additional resource locations.
     class FL_I18N_API ResourcePathNotFound : public std::exception {
     public:
+        /// Returns "Resource path not found!".
         char const * what() const noexcept override;
     };
 
     /// The removal of an additional resource location failed otherwise.
     class FL_I18N_API ResPathRemovalUnknownError : public std::exception {
     public:
+        /// Takes the text of the error.
         explicit ResPathRemovalUnknownError(std::string const & error);
+        /// Returns the English text with that of the error.
         char const * what() const noexcept override;
 
     private:
@@ -98,15 +110,21 @@ public:
     /// A message is not a valid pattern, or an argument does not fit the format of its hole.
     class FL_I18N_API MessageFormatIncorrect : public std::exception {
     public:
+        /// Returns "Incorrect Message Formatting Attempted".
         char const * what() const noexcept override;
     };
 
     /// The number of arguments is not that of the holes.
     class FL_I18N_API IncorrectHoleCount : public std::exception {
     public:
+        /// Takes the number of holes and that of arguments.
         IncorrectHoleCount(std::uint64_t expected, std::uint64_t found);
+        /// Returns the English text with both numbers.
         char const * what() const noexcept override;
+        /// Returns the number of distinct holes, 0 for named ones; from `GetCustomHoleType` the hole asked
+        /// for.
         std::uint64_t getNumHolesExpected() const noexcept;
+        /// Returns the number of arguments given; from `GetCustomHoleType` that of the distinct holes.
         std::uint64_t getNumHolesFound() const noexcept;
 
     private:
@@ -138,6 +156,7 @@ public:
     /// none, and exceptions of the file system; the roots then stay as they were. Catalogs already in the
     /// cache stay there.
     static bool MessageCatalogInit(ustring const & root);
+    /// Sets the roots, as the function for one root does.
     static bool MessageCatalogInit(std::vector<ustring> const & roots);
     /// Sets the roots and opens catalogs for the global locale.
     ///
@@ -146,6 +165,7 @@ public:
     static bool
     MessageCatalogInit(std::vector<ustring> const & roots,
                        std::vector<resource_core::BaseCatalogID const *> const & criticalCatalogs);
+    /// Sets one root and opens catalogs, as the function for several roots does.
     static bool
     MessageCatalogInit(ustring const & root,
                        std::vector<resource_core::BaseCatalogID const *> const & criticalCatalogs);
@@ -155,7 +175,7 @@ public:
     /// catalogs none is opened.
     static bool MessageCatalogInitFromConfigManager();
 
-    /// Returns a catalog for a locale's messages category or, without locale, for the global locale.
+    /// Returns a catalog for a locale's messages category.
     ///
     /// The first call loads the file, later ones return the same object. A missing or malformed file shows
     /// when a text is asked for. Throws `MessageCatalogIncorrectRoot` when the roots are to be set from the
@@ -163,20 +183,25 @@ public:
     /// unchanged.
     static boost::shared_ptr<MessageCatalog const> GetMessageCatalog(CatalogID const & id,
                                                                      QzLocale const & locale);
+    /// Returns a catalog for the global locale, as the function with a locale does.
     static boost::shared_ptr<MessageCatalog const> GetMessageCatalog(CatalogID const & id);
     /// Does the same for an identifier carrier; a malformed one throws `CatalogID::badCatalogIDException`.
     static boost::shared_ptr<MessageCatalog const> openCatalog(resource_core::BaseCatalogID const & id,
                                                                QzLocale const & locale);
+    /// Does the same for the global locale.
     static boost::shared_ptr<MessageCatalog const> openCatalog(resource_core::BaseCatalogID const & id);
 
-    /// Returns a message, formatted without arguments, for a locale or, without one, for the global locale.
+    /// Returns a message, formatted without arguments, for a locale.
     ///
     /// Throws as `GetMessageCatalog`, `text` and `GetFormattedMessage`; a malformed identifier carrier throws
     /// `MessageID::badMessageIDException`.
     static ustring get_message(resource_core::BaseMsgID const & id, QzLocale const & locale,
                                std::optional<numeric_format> const & format);
+    /// Returns a message for the global locale, as the first function of the name does.
     static ustring get_message(resource_core::BaseMsgID const & id);
+    /// Returns a message, as the first function of the name does without a numeric format.
     static ustring get_message(MessageID const & id, QzLocale const & locale);
+    /// Returns a message for the global locale, as the first function of the name does.
     static ustring get_message(MessageID const & id);
     /// Returns a message for the classic locale.
     static ustring get_default_locale_message(resource_core::BaseMsgID const & id);

@@ -43,6 +43,7 @@ public:
     /// file.
     filesystem::upath find(ustring const & pattern, QzLocale const & locale, ustring const & formatter,
                            std::string & found_locale) const;
+    /// Finds a file for another locale with the finder's own marker.
     filesystem::upath find(ustring const & pattern, QzLocale const & locale,
                            std::string & found_locale) const;
 
@@ -50,6 +51,7 @@ public:
     static filesystem::upath find_resource(ustring const & pattern, std::string & found_locale,
                                            QzLocale const & locale, bool use_classic_default,
                                            ustring const & formatter = default_formatter);
+    /// Finds a file by a pattern that is itself a full path, without telling the name that matched.
     static filesystem::upath find_resource(ustring const & pattern, QzLocale const & locale,
                                            bool use_classic_default,
                                            ustring const & formatter = default_formatter);
@@ -58,6 +60,7 @@ public:
                                            ustring const & pattern, std::string & found_locale,
                                            QzLocale const & locale, bool use_classic_default,
                                            ustring const & formatter = default_formatter);
+    /// Finds a file over directories, without telling the name that matched.
     static filesystem::upath find_resource(std::vector<filesystem::upath> const & base_paths,
                                            ustring const & pattern, QzLocale const & locale,
                                            bool use_classic_default,
