@@ -5,6 +5,7 @@
 
 #include <string>
 
+/// @file
 /// The environment of the process with Unicode names and values.
 ///
 /// The functions keep the system's environment and the C runtime's copy of it consistent. None of them throws

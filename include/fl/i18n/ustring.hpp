@@ -8,11 +8,12 @@
 #include <string>
 #include <string_view>
 
+/// @file
 /// Conversions between `ustring` and the other string types of a process.
 ///
 /// An empty source, and a null pointer where one is taken, gives an empty result. Pointers without a length
-/// are to texts that end with NUL. Any thread may call the functions;
-/// those that take a converter keep its rule about threads.
+/// are to texts that end with NUL. Any thread may call the functions; those that take a converter keep its
+/// rule about threads.
 namespace fl::i18n {
 
 /// Returns text of the process encoding, that of the global locale, as UTF-16.

@@ -2,6 +2,10 @@
 
 #include <string>
 
+/// @namespace fl
+/// This library.
+
+/// Text, its encodings and characters, locales, localised messages and resources, and the environment.
 namespace fl::i18n {
 
 /// A UTF-16 string in machine byte order.
