@@ -1,18 +1,42 @@
-# What an installation holds: the library with all that it needs to run, the headers and the package for CMake.
+# What an installation holds, by components:
+#   runtime         the library with all that it needs to run, and the licences of what comes from others
+#   data            what the library reads at run time, and the schemas of it
+#   development     headers, what programs are linked with, the packages for CMake and pkg-config
+#   tool            the companion with its manual page and completion
 include(CMakePackageConfigHelpers)
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/fl_i18n)
-install(TARGETS fl_i18n EXPORT fl_i18n-targets)
-install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN *.hpp)
-install(EXPORT fl_i18n-targets NAMESPACE fl_i18n:: DESTINATION ${package_folder})
+install(TARGETS fl_i18n EXPORT fl_i18n-targets
+    RUNTIME COMPONENT runtime
+    LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE COMPONENT development)
+install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development FILES_MATCHING PATTERN *.hpp)
+install(EXPORT fl_i18n-targets NAMESPACE fl_i18n:: DESTINATION ${package_folder} COMPONENT development)
 configure_package_config_file(cmake/fl_i18n-config.cmake.in fl_i18n-config.cmake
     INSTALL_DESTINATION ${package_folder})
 write_basic_package_version_file(fl_i18n-config-version.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/fl_i18n-config.cmake ${PROJECT_BINARY_DIR}/fl_i18n-config-version.cmake
-    DESTINATION ${package_folder})
+    DESTINATION ${package_folder} COMPONENT development)
+
+# For pkg-config, by paths from the file's own place. A native program finds the library at run time where it is.
+set(pkgconfig_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+string(REGEX REPLACE "[^/]+" ".." pkgconfig_prefix ${pkgconfig_folder})
+set(pkgconfig_run_path)
+if(NOT WIN32)
+    set(pkgconfig_run_path " -Wl,-rpath,\${libdir}")
+endif()
+configure_file(cmake/fl_i18n.pc.in fl_i18n.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/fl_i18n.pc DESTINATION ${pkgconfig_folder} COMPONENT development)
+
+foreach(schema IN ITEMS catalog catalog_map lcdata)
+    install(FILES schemas/${schema}.rnc schemas/${schema}.rng schemas/${schema}.xsd
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/fl_i18n/schemas COMPONENT data)
+endforeach()
+
 # The installation runs wherever it is put.
-install(FILES ${FL_I18N_RUNTIME_DLLS} DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(FILES ${FL_I18N_RUNTIME_LIBRARIES} DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(FILES ${FL_I18N_RUNTIME_DLLS} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
+install(FILES ${FL_I18N_RUNTIME_LIBRARIES} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime)
 if(NOT WIN32)
     set_target_properties(fl_i18n PROPERTIES INSTALL_RPATH $ORIGIN)
 endif()
+include(cmake/licences.cmake)

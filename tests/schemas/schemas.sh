@@ -1,17 +1,16 @@
 #!/usr/bin/env bash
-# Usage: schemas.sh SOURCE-DIR XMLLINT
+# Usage: schemas.sh SOURCE-DIR
 set -uo pipefail
 
 source_dir=$1
-xmllint=$2
-[[ -x $xmllint ]] || { echo "skipped: xmllint is not installed" && exit 77; }
+command -v xmllint >/dev/null || { echo "skipped: xmllint is not installed" && exit 77; }
 failures=0
 
 # Says whether a document is valid; under the XML syntax of RELAX NG and the W3C schema alike, or there is no answer.
 verdict_of() { # SCHEMA-WITHOUT-ENDING FILE
     local relaxng=refused w3c=refused
-    "$xmllint" --noout --nonet --relaxng "$1.rng" "$2" 2>/dev/null && relaxng=accepted
-    "$xmllint" --noout --nonet --schema "$1.xsd" "$2" 2>/dev/null && w3c=accepted
+    xmllint --noout --nonet --relaxng "$1.rng" "$2" 2>/dev/null && relaxng=accepted
+    xmllint --noout --nonet --schema "$1.xsd" "$2" 2>/dev/null && w3c=accepted
     [[ $relaxng == "$w3c" ]] && echo "$w3c" || echo "$relaxng by RELAX NG, $w3c by the W3C schema"
 }
 

@@ -137,12 +137,14 @@ command_test() {
         shift
     fi
     prepare_targets "${named[@]}"
+    need_packages "${test_packages[@]}"
     prepare_message_files
     test_targets "${#targets[@]}" "${targets[@]}" "$@" || die "the tests failed"
 }
 
 command_check() {
     prepare_dependencies
+    need_packages "${test_packages[@]}"
     prepare_message_files
     test_targets 2 asan tsan "$@" || die "the tests failed under a sanitizer"
 }
