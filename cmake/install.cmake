@@ -3,6 +3,7 @@
 #   data            what the library reads at run time, and the schemas of it
 #   development     headers, what programs are linked with, the packages for CMake and pkg-config
 #   tool            the companion with its manual page and completion
+#   documentation   the guides
 include(CMakePackageConfigHelpers)
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/fl_i18n)
@@ -36,7 +37,31 @@ endforeach()
 # The installation runs wherever it is put.
 install(FILES ${FL_I18N_RUNTIME_DLLS} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
 install(FILES ${FL_I18N_RUNTIME_LIBRARIES} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime)
-if(NOT WIN32)
+if(WIN32)
+    # Most of the compiler's DLLs is for debugging them.
+    install(CODE "
+        if(CMAKE_INSTALL_DO_STRIP)
+            file(GLOB dlls \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/lib*.dll)
+            execute_process(COMMAND ${CMAKE_STRIP} \${dlls} COMMAND_ERROR_IS_FATAL ANY)
+        endif()" COMPONENT runtime)
+else()
     set_target_properties(fl_i18n PROPERTIES INSTALL_RPATH $ORIGIN)
 endif()
+
+# What is written for readers is installed once it is written.
+function(install_document file folder name component)
+    if(EXISTS ${PROJECT_SOURCE_DIR}/${file})
+        install(FILES ${file} DESTINATION ${folder} RENAME ${name} COMPONENT ${component})
+    endif()
+endfunction()
+if(FL_I18N_BUILD_TOOL)
+    install_document(docs/man/fl-i18n.1 ${CMAKE_INSTALL_MANDIR}/man1 fl-i18n.1 tool)
+    set(completions_folder ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+    install_document(tools/completion/fl-i18n.bash ${completions_folder} fl-i18n tool)
+endif()
+set(document_folder ${CMAKE_INSTALL_DATADIR}/doc/fl_i18n)
+install_document(README.md ${document_folder} README.md documentation)
+foreach(guide IN ITEMS architecture formats guide maintainers translators)
+    install_document(docs/${guide}.md ${document_folder}/docs ${guide}.md documentation)
+endforeach()
 include(cmake/licences.cmake)

@@ -29,7 +29,7 @@ foreach(library IN LISTS FL_I18N_RUNTIME_LIBRARIES)
 endforeach()
 list(REMOVE_DUPLICATES CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS)
 
-# What is below the prefix is found from where the system looks; only packages have these files.
+# What is below the prefix is found from where the system looks; only packages have these links.
 set(opt ../..${CPACK_PACKAGING_INSTALL_PREFIX})
 function(install_link component link target)
     set(source ${PROJECT_BINARY_DIR}/links${link})
@@ -40,6 +40,12 @@ function(install_link component link target)
     install(FILES ${source} DESTINATION ${folder} COMPONENT ${component} EXCLUDE_FROM_ALL)
 endfunction()
 install_link(tool_links /usr/bin/fl-i18n ${opt}/${CMAKE_INSTALL_BINDIR}/fl-i18n)
+if(EXISTS ${PROJECT_SOURCE_DIR}/docs/man/fl-i18n.1)
+    install_link(tool_links /usr/share/man/man1/fl-i18n.1 ../../${opt}/${CMAKE_INSTALL_MANDIR}/man1/fl-i18n.1)
+endif()
+if(EXISTS ${PROJECT_SOURCE_DIR}/tools/completion/fl-i18n.bash)
+    install_link(tool_links /usr/share/bash-completion/completions/fl-i18n ../../${opt}/${completions_folder}/fl-i18n)
+endif()
 
 # CMake searches /opt. pkg-config takes its paths from where it finds a file, of which a link would be the place.
 set(pkgconfig_prefix ../../${opt})
@@ -47,11 +53,12 @@ configure_file(cmake/fl_i18n.pc.in links/fl_i18n.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/links/fl_i18n.pc DESTINATION /usr/lib/${CMAKE_LIBRARY_ARCHITECTURE}/pkgconfig
     COMPONENT development_links EXCLUDE_FROM_ALL)
 
-set(CPACK_COMPONENTS_ALL runtime data development development_links tool tool_links)
+set(CPACK_COMPONENTS_ALL runtime data development development_links documentation tool tool_links)
 set(CPACK_COMPONENT_RUNTIME_GROUP library)
 set(CPACK_COMPONENT_DATA_GROUP library)
 set(CPACK_COMPONENT_DEVELOPMENT_GROUP headers)
 set(CPACK_COMPONENT_DEVELOPMENT_LINKS_GROUP headers)
+set(CPACK_COMPONENT_DOCUMENTATION_GROUP headers)
 set(CPACK_COMPONENT_TOOL_GROUP companion)
 set(CPACK_COMPONENT_TOOL_LINKS_GROUP companion)
 

@@ -10,7 +10,7 @@ fail() {
 
 make_packages() { # BUILD-DIR
     rm -rf "$1/packages"
-    cpack --config "$1/CPackConfig.cmake" -B "$1/packages"
+    cpack --config "$1/CPackConfig.cmake"
     rm -rf "$1/packages/_CPack_Packages"
 }
 

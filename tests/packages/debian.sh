@@ -20,6 +20,13 @@ prefix=$root/opt/fl_i18n
 apt-get install --simulate -qq "$build"/packages/*.deb ||
     { apt-get update -qq && apt-get install --simulate -qq "$build"/packages/*.deb; }
 
+# Nothing that is installed is left out of the packages.
+cmake --install "$build" --prefix "$work/all" >/dev/null
+diff <(cd "$work/all" && find . | sort) <(cd "$prefix" && find . | sort)
+
+# No link points to nothing.
+[[ -z $(find "$root" -xtype l) ]] || fail "broken links: $(find "$root" -xtype l)"
+
 # The library runs on its own ICU and Expat where they are in the package, and the tool on that library.
 bundled=(boost cli11)
 [[ ! -e $prefix/lib/libexpat.so.1 ]] || bundled+=(icu expat)

@@ -9,6 +9,7 @@ command_package() {
     mkdir -p "$place"
     for target in "${targets[@]}"; do
         build_target "$target" || die "building $target failed"
+        rm -rf "$root/build/$target/packages"
         logged "$root/build/$target/package.log" cpack --config "$root/build/$target/CPackConfig.cmake" ||
             die "packaging $target failed"
         cp "$root/build/$target"/packages/*.* "$place"
