@@ -8,9 +8,10 @@ using namespace fl::i18n;
 /// Usage: consumer DIRECTORY, which has the directory "resources".
 int main(int, char ** arguments) {
     MessageCatalog::MessageCatalogInit(utf8_to_ustring(arguments[1]));
-    auto const catalog = MessageCatalog::GetMessageCatalog(CatalogID("app:ui"), *QzLocale::createLocale("ja_JP"));
-    std::cout << ustring_to_utf8(MessageCatalog::GetFormattedMessage(
-                     catalog->text("Opened"), {std::int64_t(3), std::int64_t(5)}))
+    auto const catalog =
+        MessageCatalog::GetMessageCatalog(CatalogID("app:ui"), *QzLocale::createLocale("ja_JP"));
+    std::cout << ustring_to_utf8(MessageCatalog::GetFormattedMessage(catalog->text("Opened"),
+                                                                     {std::int64_t(3), std::int64_t(5)}))
               << '\n';
     try {
         catalog->text("Closed");
