@@ -19,13 +19,6 @@ std::wstring text_of(HWND control) {
     return text;
 }
 
-template <class Function>
-void for_each_child(HWND window, Function function) {
-    for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-        function(child);
-    }
-}
-
 } // namespace
 
 tally_window::tally_window(HINSTANCE instance)
@@ -72,6 +65,8 @@ void tally_window::create_controls() {
     create(L"BUTTON", WS_TABSTOP, command_reset);
 }
 
+/// No exception may pass through the system that calls this; texts that cannot be had are none (see
+/// text.hpp).
 LRESULT CALLBACK tally_window::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept {
     if (auto const self = reinterpret_cast<tally_window *>(GetWindowLongPtrW(window, GWLP_USERDATA))) {
         return self->handle_message(message, wparam, lparam);
@@ -86,6 +81,9 @@ LRESULT tally_window::handle_message(UINT message, WPARAM wparam, LPARAM lparam)
         return 0;
     case WM_SIZE:
         lay_out();
+        return 0;
+    case WM_SETFOCUS:
+        SetFocus(GetDlgItem(window_, command_count));
         return 0;
     case WM_DPICHANGED: {
         auto const & frame = *reinterpret_cast<RECT const *>(lparam);
@@ -179,13 +177,13 @@ void tally_window::show_about() {
 }
 
 /// A mirrored window turns its own coordinates round, so that the layout is written once for both directions.
+/// The buttons, whose texts are in their middle, can stay as they are.
 void tally_window::set_direction() {
-    auto const mirror = [to_left = is_right_to_left()](HWND window) {
+    for (HWND const window : {window_, GetDlgItem(window_, status_label)}) {
         LONG_PTR const style = GetWindowLongPtrW(window, GWL_EXSTYLE);
-        SetWindowLongPtrW(window, GWL_EXSTYLE, to_left ? style | WS_EX_LAYOUTRTL : style & ~WS_EX_LAYOUTRTL);
-    };
-    mirror(window_);
-    for_each_child(window_, mirror);
+        SetWindowLongPtrW(window, GWL_EXSTYLE,
+                          is_right_to_left() ? style | WS_EX_LAYOUTRTL : style & ~WS_EX_LAYOUTRTL);
+    }
 }
 
 void tally_window::set_font() {
@@ -194,9 +192,9 @@ void tally_window::set_font() {
     SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0,
                                GetDpiForWindow(window_));
     font_.reset(CreateFontIndirectW(&metrics.lfMessageFont));
-    for_each_child(window_, [&](HWND child) {
-        SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), TRUE);
-    });
+    for (int const id : {status_label, command_count, command_reset}) {
+        SendDlgItemMessageW(window_, id, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), TRUE);
+    }
 }
 
 /// Gives the status the upper part and the buttons, as wide as their texts need, the lower edge.
