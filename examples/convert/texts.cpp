@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <ranges>
 #include <system_error>
 #include <utility>
@@ -51,9 +52,13 @@ std::string place(std::size_t lines_before, std::basic_string<Char> const & text
            (sizeof(Char) == 1 ? "byte " : "unit ") + std::to_string(position - line_begin + 1);
 }
 
-std::string hexadecimal(unsigned value, int digits) {
+bool is_low_surrogate(char16_t unit) {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+std::string hexadecimal(std::uint32_t value, int digits) {
     std::array<char, 9> text{};
-    std::snprintf(text.data(), text.size(), "%0*X", digits, value);
+    std::snprintf(text.data(), text.size(), "%0*X", digits, static_cast<unsigned>(value));
     return text.data();
 }
 
@@ -121,9 +126,11 @@ void writer::write(ustring const & piece) {
             throw_system_error("writing");
         }
     } catch (CvtInvalidCharacter const &) {
-        std::size_t const position = good_length(from_unicode_, piece);
-        throw fault(place(lines_, piece, position) + ": U+" +
-                    hexadecimal(to_u32string(piece.substr(position).substr(0, 2)).front(), 4) +
+        std::size_t position = good_length(from_unicode_, piece);
+        // A surrogate pair is found bad at its second half.
+        position -= position > 0 && is_low_surrogate(piece[position]) ? 1 : 0;
+        char32_t const character = to_u32string(piece.substr(position, 2)).front();
+        throw fault(place(lines_, piece, position) + ": U+" + hexadecimal(character, 4) +
                     " does not exist in the output encoding");
     }
     lines_ += static_cast<std::size_t>(std::ranges::count(piece, u'\n'));

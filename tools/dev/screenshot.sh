@@ -28,7 +28,7 @@ set_in_registry() { # KEY NAME TYPE VALUE
 
 # Waits until the picture shows something and no longer changes, and cuts out the window.
 take_picture() { # X-PICTURE PNG
-    local before= now i
+    local before='' now i
     for ((i = 0; i < 60; ++i)); do
         sleep 0.5
         now=$(xwdtopnm -quiet "$1" | pnmcut -height 300 | tee "$1.pnm" | md5sum)
