@@ -10,6 +10,7 @@ class App;
 /// `exit_good` otherwise.
 namespace fl::tool {
 
+void add_lint_command(CLI::App & program, int & status);
 void add_lookup_command(CLI::App & program);
 
 } // namespace fl::tool

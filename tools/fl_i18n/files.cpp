@@ -91,7 +91,9 @@ std::vector<std::string> files_below(std::string const & directory, std::string_
     std::error_code error;
     std::filesystem::recursive_directory_iterator entry(root, error);
     for (; !error && entry != std::filesystem::recursive_directory_iterator(); entry.increment(error)) {
-        std::string const name = to_name(entry->path().lexically_relative(root));
+        // A path in the form for access is not to be taken apart by its elements: it has a drive among them.
+        auto const rest = entry->path().native().substr(root.native().size());
+        std::string const name = to_name(std::filesystem::path(rest).relative_path());
         if (name.ends_with(extension) && entry->is_regular_file()) {
             names.push_back(directory + (directory.ends_with('/') ? "" : "/") + name);
         }

@@ -17,6 +17,9 @@ int run(std::vector<std::string> arguments) {
     CLI::App program("Tools for localised messages", "fl-i18n");
     program.set_version_flag("--version", FL_I18N_VERSION);
     program.require_subcommand(1);
+    // A name that begins with a slash is a path.
+    program.allow_windows_style_options(false);
+    add_lint_command(program, status);
     add_lookup_command(program);
     // The parser takes its arguments in reverse.
     std::reverse(arguments.begin(), arguments.end());

@@ -32,6 +32,8 @@ struct catalog {
     std::vector<std::string> tail_comments; ///< those after the last entry
     /// Processing instructions ("target data") before the root element.
     std::vector<std::string> instructions;
+    std::size_t offset = 0;     ///< the place of the root element's tag
+    std::size_t end_offset = 0; ///< the place of its end tag
 
     /// Returns the value of an attribute of the root element; empty without it.
     std::string attribute(std::string_view name) const;

@@ -40,6 +40,7 @@ public:
         if (name == "entry" && in_entry_) {
             end_entry(offset);
         }
+        result_.end_offset = offset;
     }
 
     void on_text(std::string_view text, std::size_t offset, bool literal) override {
@@ -80,6 +81,7 @@ private:
         }
         state_ = state::in_catalog;
         result_.attributes = attributes;
+        result_.offset = offset;
     }
 
     void start_messages(std::size_t offset) {

@@ -1,0 +1,89 @@
+#include "tools/fl_i18n/lint/text_rules.hpp"
+
+#include "foundation/ascii.hpp"
+
+#include <algorithm>
+#include <boost/numeric/conversion/cast.hpp>
+#include <fl/i18n/ustring.hpp>
+#include <unicode/msgfmt.h>
+
+namespace fl::tool::lint {
+
+namespace {
+
+/// Tells whether the formatter builds a pattern, for the locale that it takes for all of them.
+bool can_be_built(i18n::ustring const & pattern) {
+    UErrorCode status = U_ZERO_ERROR;
+    UParseError ignored;
+    icu::UnicodeString const text(pattern.data(), boost::numeric_cast<std::int32_t>(pattern.size()));
+    icu::MessageFormat const format(text, icu::Locale("en", "US", "POSIX"), ignored, status);
+    return U_SUCCESS(status);
+}
+
+/// Tells whether it would take long to find out about a style: it is huge, or a skeleton with a power of ten
+/// of three digits or more, whose number would be written out.
+bool is_absurd(i18n::ustring const & style) {
+    constexpr std::size_t longest = 1000;
+    if (style.size() > longest) {
+        return true;
+    }
+    if (style.find(u"::") == i18n::ustring::npos) {
+        return false;
+    }
+    for (std::size_t at = style.find_first_of(u"eE"); at != style.npos;
+         at = style.find_first_of(u"eE", at + 1)) {
+        std::size_t const first = std::min(style.find_first_not_of(u"+-", at + 1), style.size());
+        std::size_t digit = first;
+        while (digit < style.size() && ascii::is_digit(style[digit])) {
+            ++digit;
+        }
+        if (digit - first > 2) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+format_rules::verdict format_rules::judge(hole const & each) {
+    if (is_absurd(each.style)) {
+        return verdict::absurd;
+    }
+    i18n::ustring const start = u"{0," + ascii::widen(each.type);
+    if (can_be_built(start + (each.style.empty() ? u"" : u"," + each.style) + u"}")) {
+        return verdict::good;
+    }
+    return can_be_built(start + u"}") ? verdict::bad_style : verdict::bad_type;
+}
+
+void format_rules::check(pattern const & text, file_findings & out) {
+    for (hole const & each : text.holes) {
+        if (each.type.empty() || each.has_branches()) {
+            continue;
+        }
+        auto known = known_.find({each.type, each.style});
+        if (known == known_.end()) {
+            known = known_.insert({{each.type, each.style}, judge(each)}).first;
+        }
+        std::string const style = in_quotes(i18n::ustring_to_utf8(each.style));
+        switch (known->second) {
+        case verdict::good:
+            break;
+        case verdict::bad_type:
+            out.add("bad-format",
+                    {.offset = each.type_offset, .text = "there is no type " + in_quotes(each.type)});
+            break;
+        case verdict::bad_style:
+            out.add("bad-format",
+                    {.offset = each.style_offset, .text = in_quotes(each.type) + " has no style " + style});
+            break;
+        case verdict::absurd:
+            out.add("bad-format",
+                    {.offset = each.style_offset, .text = "the style " + style + " is beyond all measure"});
+            break;
+        }
+    }
+}
+
+} // namespace fl::tool::lint
