@@ -11,6 +11,7 @@ class App;
 namespace fl::tool {
 
 void add_lint_command(CLI::App & program, int & status);
+void add_convert_command(CLI::App & program, int & status);
 void add_lookup_command(CLI::App & program);
 
 } // namespace fl::tool

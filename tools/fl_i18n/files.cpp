@@ -1,5 +1,6 @@
 #include "tools/fl_i18n/files.hpp"
 
+#include "tools/fl_i18n/byte_streams.hpp"
 #include "tools/fl_i18n/command.hpp"
 
 #include <algorithm>
@@ -12,9 +13,6 @@
 
 namespace fl::tool {
 
-namespace {
-
-/// Returns the form of a name under which the system takes it whatever its length.
 std::filesystem::path access_path(std::string const & name) {
     if constexpr (std::is_same_v<std::filesystem::path::value_type, wchar_t>) {
         filesystem::upath const path(i18n::utf8_to_ustring(name));
@@ -25,15 +23,13 @@ std::filesystem::path access_path(std::string const & name) {
     }
 }
 
-[[noreturn]] void fail(std::string const & what, std::string const & name, std::error_code const & reason) {
+void fail_on_file(std::string const & what, std::string const & name, std::error_code const & reason) {
     throw command_failure(exit_input_output, what + " " + name + ": " + reason.message());
 }
 
 std::error_code last_error() {
     return {errno != 0 ? errno : EIO, std::generic_category()};
 }
-
-} // namespace
 
 std::filesystem::path to_path(std::string const & name) {
     return std::filesystem::path(std::u8string(name.begin(), name.end()));
@@ -48,36 +44,21 @@ std::string read_file(std::string const & name) {
     std::filesystem::path const path = access_path(name);
     std::error_code ignored;
     if (std::filesystem::is_directory(path, ignored)) {
-        fail("cannot read", name, std::make_error_code(std::errc::is_a_directory));
+        fail_on_file("cannot read", name, std::make_error_code(std::errc::is_a_directory));
     }
     errno = 0;
     std::ifstream stream(path, std::ios::binary);
     std::string bytes(std::istreambuf_iterator<char>(stream), {});
     if (!stream.is_open() || stream.bad()) {
-        fail("cannot read", name, last_error());
+        fail_on_file("cannot read", name, last_error());
     }
     return bytes;
 }
 
 void write_file(std::string const & name, std::string_view bytes) {
-    std::filesystem::path const path = access_path(name);
-    std::filesystem::path unfinished = path;
-    unfinished += ".unfinished";
-    errno = 0;
-    std::ofstream stream(unfinished, std::ios::binary);
-    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    stream.close();
-    std::error_code error;
-    if (!stream) {
-        error = last_error();
-    } else {
-        std::filesystem::rename(unfinished, path, error);
-    }
-    if (error) {
-        std::error_code ignored;
-        std::filesystem::remove(unfinished, ignored);
-        fail("cannot write", name, error);
-    }
+    byte_sink sink(name);
+    sink.write(bytes);
+    sink.finish();
 }
 
 bool is_directory(std::string const & name) {
@@ -99,7 +80,7 @@ std::vector<std::string> files_below(std::string const & directory, std::string_
         }
     }
     if (error) {
-        fail("cannot read", directory, error);
+        fail_on_file("cannot read", directory, error);
     }
     std::sort(names.begin(), names.end());
     return names;

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 /// Files by names of any length and script. Names inside the program are UTF-8, as people write them.
@@ -10,6 +11,16 @@ namespace fl::tool {
 
 std::filesystem::path to_path(std::string const & name);
 std::string to_name(std::filesystem::path const & path);
+
+/// Returns the form of a name under which the system takes it whatever its length.
+std::filesystem::path access_path(std::string const & name);
+
+/// Returns the error that `errno` names.
+std::error_code last_error();
+
+/// Throws `command_failure`: what could not be done with which file, and why.
+[[noreturn]] void fail_on_file(std::string const & what, std::string const & name,
+                               std::error_code const & reason);
 
 /// Returns the bytes of a file; throws `command_failure`.
 std::string read_file(std::string const & name);

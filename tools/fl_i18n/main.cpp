@@ -20,6 +20,7 @@ int run(std::vector<std::string> arguments) {
     // A name that begins with a slash is a path.
     program.allow_windows_style_options(false);
     add_lint_command(program, status);
+    add_convert_command(program, status);
     add_lookup_command(program);
     // The parser takes its arguments in reverse.
     std::reverse(arguments.begin(), arguments.end());
