@@ -1,5 +1,6 @@
 #include "tools/fl_i18n/convert.hpp"
 
+#include "tools/fl_i18n/code_points.hpp"
 #include "tools/fl_i18n/command.hpp"
 
 #include <algorithm>
@@ -60,12 +61,6 @@ std::size_t pending_units(UConverter const & encoder) {
 std::size_t pending_bytes(UConverter const & decoder) {
     UErrorCode status = U_ZERO_ERROR;
     return static_cast<std::size_t>(std::max(ucnv_toUCountPending(&decoder, &status), 0));
-}
-
-char32_t character_at(i18n::ustring const & units, std::size_t index) {
-    char16_t const first = units[index];
-    bool const is_pair = U16_IS_LEAD(first) && index + 1 < units.size() && U16_IS_TRAIL(units[index + 1]);
-    return is_pair ? static_cast<char32_t>(U16_GET_SUPPLEMENTARY(first, units[index + 1])) : first;
 }
 
 /// Tells whether an encoding writes a signature of its own, or has no way to write one.
@@ -315,7 +310,7 @@ void encoding_conversion::report() {
         malformed const & next = i < malformed_.size() ? malformed_[i] : end;
         for (; unmappable != unmappable_.end() && *unmappable < next.index; ++unmappable) {
             conversion_loss loss = place(*unmappable);
-            loss.character = character_at(units_, *unmappable);
+            loss.character = code_point_at(units_, *unmappable);
             on_loss_(loss);
         }
         bool const stopped_before = stops() && !unmappable_.empty();
