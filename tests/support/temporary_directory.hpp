@@ -38,6 +38,12 @@ public:
             filesystem::make_native_form(filesystem::upath(directory_.u16string()), true));
     }
 
+    /// Returns the directory in UTF-8, with slashes.
+    std::string name() const {
+        std::u8string const name = directory_.generic_u8string();
+        return {name.begin(), name.end()};
+    }
+
     /// Creates a directory with all above it; `name` has slashes.
     void make_directory(std::u16string_view name) const {
         std::filesystem::create_directories(directory_ / std::filesystem::path(name));

@@ -12,6 +12,7 @@ namespace fl::tool {
 
 void add_lint_command(CLI::App & program, int & status);
 void add_convert_command(CLI::App & program, int & status);
+void add_coverage_command(CLI::App & program, int & status);
 void add_lookup_command(CLI::App & program);
 void add_pseudo_command(CLI::App & program);
 

@@ -21,6 +21,7 @@ int run(std::vector<std::string> arguments) {
     program.allow_windows_style_options(false);
     add_lint_command(program, status);
     add_convert_command(program, status);
+    add_coverage_command(program, status);
     add_lookup_command(program);
     add_pseudo_command(program);
     // The parser takes its arguments in reverse.
