@@ -30,9 +30,9 @@ struct coverage {
 /// Compares the catalogs of all languages below a directory with those of the base language: `base` or, when
 /// that is empty, the first of "en_US_POSIX", "en_US" and "en" that there is, for each catalog.
 ///
-/// A language with a territory ("de_AT") uses the file of its language where it has none, as a lookup does, and
-/// a variant of the base language uses the base; a file that the loader refuses counts as one without messages. Throws `command_failure` when the directory
-/// cannot be read or has no catalogs.
+/// A language with a territory ("de_AT") uses the file of its language where it has none, as a lookup does,
+/// and a variant of the base language uses the base; a file that the loader refuses counts as one without
+/// messages. Throws `command_failure` when the directory cannot be read or has no catalogs.
 coverage measure_coverage(std::string const & directory, std::string const & base);
 
 /// Returns a table of languages and catalogs for people; with `list_missing` also the keys that are missing.

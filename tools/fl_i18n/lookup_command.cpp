@@ -3,6 +3,7 @@
 #include "tools/fl_i18n/command.hpp"
 #include "tools/fl_i18n/console.hpp"
 #include "tools/fl_i18n/explanation.hpp"
+#include "tools/fl_i18n/locale_facts.hpp"
 
 #include <CLI/CLI.hpp>
 #include <charconv>
@@ -69,15 +70,6 @@ std::string check_id(std::string const & id) {
     }
 }
 
-std::string check_locale(std::string const & name) {
-    try {
-        i18n::QzLocale::createLocale(name);
-        return {};
-    } catch (i18n::QzLcInvLcName const &) {
-        return "\"" + name + "\" is no locale name, such as ja_JP";
-    }
-}
-
 void run(lookup_options const & options) {
     if (!options.roots.empty()) {
         std::vector<i18n::ustring> roots;
@@ -120,7 +112,7 @@ void add_lookup_command(CLI::App & program) {
         ->check(check_id)
         ->option_text("ID");
     command->add_option("--locale", options->locale, "Locale; by default that of the system")
-        ->check(check_locale)
+        ->check(check_locale_name)
         ->option_text("NAME");
     command
         ->add_option("--root", options->roots,
