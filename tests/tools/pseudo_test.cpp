@@ -4,6 +4,8 @@
 #include "tools/fl_i18n/catalog/pattern_text.hpp"
 #include "tools/fl_i18n/pseudo.hpp"
 
+#include <algorithm>
+#include <fl/filesystem/path.hpp>
 #include <fl/i18n/locale.hpp>
 #include <fl/i18n/message_catalog.hpp>
 #include <gtest/gtest.h>
@@ -77,6 +79,28 @@ TEST(Pseudo, KeepsHolesAndStructure) {
     EXPECT_EQ(pseudo_text(u"{0", {}), std::nullopt);
     EXPECT_EQ(pseudo_text(u"ab {0}-c1", {true, 0}),
               u"[\u200F\u202Eab\u202C\u200F {0}-\u200F\u202Ec1\u202C\u200F]");
+}
+
+TEST(Pseudo, KeepsTheHolesOfTheShippedCatalogs) {
+    MessageCatalog::MessageCatalogInit(filesystem::get_install_path().string());
+    std::size_t texts = 0;
+    for (char const * const locale :
+         {"en_US_POSIX", "de", "es", "fr", "ja", "ko", "pt_BR", "ru", "zh_CN", "zh_TW"}) {
+        i18n::CatalogID const id("fl:i18n");
+        MessageCatalog::FlushCatalogFromCache(id);
+        auto const catalog = MessageCatalog::GetMessageCatalog(id, *i18n::QzLocale::createLocale(locale));
+        for (std::string const & key : catalog->keys()) {
+            SCOPED_TRACE(locale + (" " + key));
+            ustring const text = catalog->text(key);
+            ustring const changed = pseudo_text(text, {texts % 2 == 0, 35}).value();
+            EXPECT_EQ(syntax_of(changed), syntax_of(text));
+            std::vector<MessageCatalog::Argument> const arguments(
+                static_cast<std::size_t>(std::count(text.begin(), text.end(), u'{')), ustring(u"<hole>"));
+            EXPECT_NO_THROW(MessageCatalog::GetFormattedMessage(changed, arguments));
+            ++texts;
+        }
+    }
+    EXPECT_GT(texts, 100u);
 }
 
 TEST(Pseudo, MakesTextsLongerInEveryBranch) {

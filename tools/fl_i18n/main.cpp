@@ -22,6 +22,7 @@ int run(std::vector<std::string> arguments) {
     add_lint_command(program, status);
     add_convert_command(program, status);
     add_coverage_command(program, status);
+    add_doctor_command(program, status);
     add_locale_command(program);
     add_lookup_command(program);
     add_pseudo_command(program);
