@@ -141,6 +141,13 @@ TEST(Convert, TellsThePlaceOfEveryLoss) {
          "\xFF\xFE"
          "a\0"s,
          {}},
+        // An encoding with codes for two characters together: those of the first wait for the second.
+        {"UTF-8",
+         "ibm-1390",
+         "\xE3\x81\x8B\xF0\x9F\x98\x80\n\xE3\x81\x8B\xE3\x82\x9A\xE3\x81\x8B\xF0\x9F\x98\x80",
+         substitute,
+         "\x0E\x44\x86\xFE\xFE\x0F%\x0E\xEC\xB5\x44\x86\xFE\xFE\x0F",
+         {{3, 1, "", 0x1F600}, {17, 2, "", 0x1F600}}},
         {"UTF-8", "UTF-8", "", stop, "", {}},
     };
     for (row const & each : rows) {

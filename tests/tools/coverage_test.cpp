@@ -27,7 +27,8 @@ TEST(Coverage, TellsMissingFromUntranslatedMessages) {
                document("<entry key='a'>One</entry><entry key='b'>{0}</entry>"
                         "<entry key='c'>OK</entry><entry key='d'>Two</entry>"));
     root.write(u"resources/app/ja/ui.xml", document("<entry key='a'>") + "broken");
-    root.write(u"resources/app/en/more/help.xml", document("<entry key='h'>{0,plural,other{help}}</entry>"));
+    root.write(u"resources/app/en_US_POSIX/more/help.xml",
+               document("<entry key='h'>{0,plural,other{help}}</entry>"));
     root.write(u"resources/app/de_AT/more/help.xml",
                document("<entry key='h'>{0,plural,other{help}}</entry>"));
     root.write(u"resources/app/de/lonely.xml", document(""));

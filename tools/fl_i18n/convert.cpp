@@ -5,8 +5,9 @@
 
 #include <algorithm>
 #include <fl/i18n/codecvt.hpp>
-#include <limits>
+#include <iterator>
 #include <new>
+#include <stdexcept>
 #include <unicode/ucnv.h>
 #include <unicode/ucnv_err.h>
 #include <unicode/utf16.h>
@@ -51,11 +52,6 @@ bool is_loss(UErrorCode status) {
         }
         return false;
     }
-}
-
-std::size_t pending_units(UConverter const & encoder) {
-    UErrorCode status = U_ZERO_ERROR;
-    return static_cast<std::size_t>(std::max(ucnv_fromUCountPending(&encoder, &status), 0));
 }
 
 std::size_t pending_bytes(UConverter const & decoder) {
@@ -138,9 +134,9 @@ encoding_conversion::encoding_conversion(std::string const & from, std::string c
                                          loss_handling handling, listener on_loss)
     : handling_(std::move(handling))
     , on_loss_(std::move(on_loss))
+    , action_(std::make_unique<action>(handling_))
     , decoder_(open_converter(from))
-    , encoder_(open_converter(to))
-    , action_(std::make_unique<action>(handling_)) {
+    , encoder_(open_converter(to)) {
     UErrorCode status = U_ZERO_ERROR;
     ucnv_setToUCallBack(decoder_.get(), stop_decoding, nullptr, nullptr, nullptr, &status);
     drops_signature_ = has_no_use_for_signature(*encoder_);
@@ -160,7 +156,9 @@ std::string encoding_conversion::convert(std::string_view bytes, bool last) {
     drop_signature();
     std::string result = encode(last || stopped_);
     report();
-    keep_pending();
+    lines_ += static_cast<std::uint64_t>(std::count(units_.begin(), units_.end(), u'\n'));
+    forget_units();
+    unmappable_.clear();
     return result;
 }
 
@@ -178,9 +176,7 @@ void encoding_conversion::decode(bool last) {
             break;
         }
         decoder_ = std::move(before);
-        units_.resize(carried_);
-        places_.resize(carried_);
-        malformed_.clear();
+        forget_units();
         size -= open;
     }
     consumed_ += size;
@@ -221,10 +217,9 @@ void encoding_conversion::take_malformed(std::uint64_t end) {
         throw std::runtime_error(u_errorName(status));
     }
     auto const size = static_cast<std::size_t>(length);
-    malformed_.push_back({units_.size(), std::string(bytes, size)});
+    malformed_.push_back({units_.size(), std::string(bytes, size), 0});
     units_ += replacement;
-    // The decoder may have put bytes behind the sequence aside, to read them again.
-    places_.push_back(end - pending_bytes(*decoder_) - size);
+    places_.push_back(end - size);
 }
 
 void encoding_conversion::drop_signature() {
@@ -235,7 +230,7 @@ void encoding_conversion::drop_signature() {
     if (drops_signature_ && units_.front() == signature) {
         units_.erase(0, 1);
         places_.erase(places_.begin());
-        for (malformed & each : malformed_) {
+        for (lost & each : malformed_) {
             --each.index;
         }
     }
@@ -263,7 +258,7 @@ std::string encoding_conversion::encode(bool last) {
 /// Encodes the units and collects those at which an encoder stops.
 void encoding_conversion::find_unmappable(UConverter & encoder, std::string * result, bool last) {
     std::string bytes(2 * units_.size() + 64, '\0');
-    UChar const * source = units_.data() + carried_;
+    UChar const * source = units_.data();
     UErrorCode status = U_BUFFER_OVERFLOW_ERROR;
     while (status != U_ZERO_ERROR) {
         char * target = bytes.data();
@@ -274,18 +269,10 @@ void encoding_conversion::find_unmappable(UConverter & encoder, std::string * re
             result->append(bytes.data(), target);
         }
         if (is_loss(status)) {
-            UChar invalid[U16_MAX_LENGTH];
-            std::int8_t length = U16_MAX_LENGTH;
-            UErrorCode ignored = U_ZERO_ERROR;
-            ucnv_getInvalidUChars(&encoder, invalid, &length, &ignored);
-            unmappable_.push_back(static_cast<std::size_t>(source - units_.data()) - pending_units(encoder) -
-                                  static_cast<std::size_t>(length));
+            take_unmappable(encoder, static_cast<std::size_t>(source - units_.data()));
             if (stops()) {
                 stopped_ = true;
-                // What came before is completed, unless the encoder has set characters after the loss aside.
-                if (pending_units(encoder) > 0) {
-                    return;
-                }
+                // What came before is completed.
                 source = units_.data() + units_.size();
                 last = true;
             }
@@ -293,47 +280,43 @@ void encoding_conversion::find_unmappable(UConverter & encoder, std::string * re
     }
 }
 
+/// Takes the character at which an encoder stopped, which ends at `end`.
+void encoding_conversion::take_unmappable(UConverter & encoder, std::size_t end) {
+    UChar units[U16_MAX_LENGTH];
+    std::int8_t length = U16_MAX_LENGTH;
+    UErrorCode status = U_ZERO_ERROR;
+    ucnv_getInvalidUChars(&encoder, units, &length, &status);
+    if (U_FAILURE(status) || length == 0) {
+        throw std::runtime_error(u_errorName(status));
+    }
+    auto const size = static_cast<std::size_t>(length);
+    unmappable_.push_back({end - std::min(size, end), {}, code_point_at({units, size}, 0)});
+}
+
 void encoding_conversion::report() {
+    auto const is_before = [](lost const & a, lost const & b) { return a.index < b.index; };
+    std::vector<lost> losses;
+    // The encoder may lack what stands for malformed bytes, which are counted already.
+    std::set_union(malformed_.begin(), malformed_.end(), unmappable_.begin(), unmappable_.end(),
+                   std::back_inserter(losses), is_before);
+    if (stops() && !losses.empty()) {
+        losses.resize(1);
+    }
+    auto counted = units_.begin();
     std::uint64_t line = lines_ + 1;
-    std::size_t counted = 0;
-    auto const place = [&](std::size_t index) {
-        auto const begin = units_.begin();
-        auto const limit = begin + static_cast<std::ptrdiff_t>(std::min(index, units_.size()));
-        line += static_cast<std::uint64_t>(
-            std::count(begin + static_cast<std::ptrdiff_t>(counted), limit, u'\n'));
-        counted = index;
-        return conversion_loss{places_[index], line, {}, 0};
-    };
-    auto unmappable = unmappable_.begin();
-    malformed const end{units_.size() + 1, {}};
-    for (std::size_t i = 0; i <= malformed_.size(); ++i) {
-        malformed const & next = i < malformed_.size() ? malformed_[i] : end;
-        for (; unmappable != unmappable_.end() && *unmappable < next.index; ++unmappable) {
-            conversion_loss loss = place(*unmappable);
-            loss.character = code_point_at(units_, *unmappable);
-            on_loss_(loss);
-        }
-        bool const stopped_before = stops() && !unmappable_.empty();
-        if (i < malformed_.size() && !stopped_before) {
-            conversion_loss loss = place(next.index);
-            loss.bytes = next.bytes;
-            on_loss_(loss);
-            // The encoder may lack what stands for it.
-            if (unmappable != unmappable_.end() && *unmappable == next.index) {
-                ++unmappable;
-            }
-        }
+    for (lost const & each : losses) {
+        auto const at = units_.begin() + static_cast<std::ptrdiff_t>(each.index);
+        line += static_cast<std::uint64_t>(std::count(counted, at, u'\n'));
+        counted = at;
+        on_loss_({each.index < places_.size() ? places_[each.index] : consumed_, line, each.bytes,
+                  each.character});
     }
 }
 
-void encoding_conversion::keep_pending() {
+void encoding_conversion::forget_units() {
+    units_.clear();
+    places_.clear();
     malformed_.clear();
-    unmappable_.clear();
-    carried_ = std::min(pending_units(*encoder_), units_.size());
-    auto const done = static_cast<std::ptrdiff_t>(units_.size() - carried_);
-    lines_ += static_cast<std::uint64_t>(std::count(units_.begin(), units_.begin() + done, u'\n'));
-    units_.erase(units_.begin(), units_.begin() + done);
-    places_.erase(places_.begin(), places_.end() - static_cast<std::ptrdiff_t>(carried_));
 }
 
 } // namespace fl::tool

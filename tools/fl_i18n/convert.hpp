@@ -57,9 +57,10 @@ private:
     };
     using handle = std::unique_ptr<UConverter, closer>;
     struct action;
-    struct malformed {
-        std::size_t index;
+    struct lost {
+        std::size_t index; ///< that of the character, or of what stands for the bytes, among the units
         std::string bytes;
+        char32_t character;
     };
 
     static handle open_converter(std::string const & encoding);
@@ -70,27 +71,26 @@ private:
     void drop_signature();
     std::string encode(bool last);
     void find_unmappable(UConverter & encoder, std::string * result, bool last);
+    void take_unmappable(UConverter & encoder, std::size_t end);
     void report();
-    void keep_pending();
+    void forget_units();
     bool stops() const noexcept { return handling_.what == loss_handling::kind::stop; }
 
     loss_handling const handling_;
     listener const on_loss_;
+    std::unique_ptr<action> const action_; ///< what the encoder calls
     handle decoder_;
     handle const encoder_;
-    std::unique_ptr<action> const action_;
     bool drops_signature_ = false;
     bool started_ = false;
     bool stopped_ = false;
-    std::string held_;           ///< the bytes of the source that are not decoded yet
-    std::uint64_t consumed_ = 0; ///< the number of those before them
-    std::uint64_t lines_ = 0;    ///< line feeds before the first of the units
-    /// The characters of this piece, behind those that the encoder has taken and not yet written.
-    i18n::ustring units_;
+    std::string held_;                  ///< the bytes of the source that are not decoded yet
+    std::uint64_t consumed_ = 0;        ///< the number of those before them
+    std::uint64_t lines_ = 0;           ///< line feeds before the first of the units
+    i18n::ustring units_;               ///< the characters of this piece
     std::vector<std::uint64_t> places_; ///< the source offset of each unit
-    std::size_t carried_ = 0;           ///< the number of units that the encoder has taken already
-    std::vector<malformed> malformed_;
-    std::vector<std::size_t> unmappable_;
+    std::vector<lost> malformed_;
+    std::vector<lost> unmappable_;
 };
 
 } // namespace fl::tool

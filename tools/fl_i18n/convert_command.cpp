@@ -138,11 +138,8 @@ void add_convert_command(CLI::App & program, int & status) {
         ->option_text("ENCODING");
     command->add_option("--to", options->to, "Encoding of the output")->required()->option_text("ENCODING");
     command
-        ->add_option(
-            "--on-error", options->on_error,
-            "What becomes of malformed bytes and of characters that the output's encoding lacks: stop "
-            "(default), substitute, or escape=KIND with KIND one of icu, java, c, xml-decimal, xml-hex, "
-            "unicode, css2")
+        ->add_option("--on-error", options->on_error,
+                     "What becomes of what cannot be converted: stop (default), substitute, escape=KIND")
         ->check(check_handling)
         ->option_text("HOW");
     command->add_option("file", options->file, "Input; by default standard input")->option_text("FILE");
@@ -150,6 +147,7 @@ void add_convert_command(CLI::App & program, int & status) {
         ->option_text("FILE");
     command->add_flag("--all", options->all, "List every loss, not only the first 20");
     command->footer(
+        "KIND is icu, java, c, xml-decimal, xml-hex, unicode or css2. Malformed bytes become U+FFFD first.\n"
         "Every loss is listed with its line, the offset of its first byte in the input and what it is. An "
         "output\n"
         "file is written whole or not at all.\n\n"
