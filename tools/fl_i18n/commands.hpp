@@ -10,10 +10,10 @@ class App;
 /// `exit_good` otherwise.
 namespace fl::tool {
 
-void add_lint_command(CLI::App & program, int & status);
 void add_convert_command(CLI::App & program, int & status);
 void add_coverage_command(CLI::App & program, int & status);
 void add_doctor_command(CLI::App & program, int & status);
+void add_lint_command(CLI::App & program, int & status);
 void add_locale_command(CLI::App & program);
 void add_lookup_command(CLI::App & program);
 void add_pseudo_command(CLI::App & program);

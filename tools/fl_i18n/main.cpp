@@ -19,10 +19,10 @@ int run(std::vector<std::string> arguments) {
     program.require_subcommand(1);
     // A name that begins with a slash is a path.
     program.allow_windows_style_options(false);
-    add_lint_command(program, status);
     add_convert_command(program, status);
     add_coverage_command(program, status);
     add_doctor_command(program, status);
+    add_lint_command(program, status);
     add_locale_command(program);
     add_lookup_command(program);
     add_pseudo_command(program);

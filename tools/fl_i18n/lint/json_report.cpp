@@ -1,3 +1,4 @@
+#include "tools/fl_i18n/json.hpp"
 #include "tools/fl_i18n/lint/report.hpp"
 
 #include <utility>
@@ -7,7 +8,7 @@ namespace fl::tool::lint {
 namespace {
 
 std::string place(std::string_view line, std::string_view column, position const & at) {
-    return to_json(line) + ": " + std::to_string(at.line) + ", " + to_json(column) + ": " +
+    return to_json_string(line) + ": " + std::to_string(at.line) + ", " + to_json_string(column) + ": " +
            std::to_string(at.column);
 }
 
@@ -17,13 +18,14 @@ public:
         : out_(std::move(out)) {}
 
     void add(std::string const & file, finding const & found) override {
-        std::string item =
-            separator_ + "    {\"file\": " + to_json(file) + ", " + place("line", "column", found.begin) +
-            ", \"severity\": " + to_json(to_string(found.level)) +
-            ", \"rule\": " + to_json(found.broken->name) + ", \"text\": " + to_json(found.text);
+        std::string item = separator_ + "    {\"file\": " + to_json_string(file) + ", " +
+                           place("line", "column", found.begin) +
+                           ", \"severity\": " + to_json_string(to_string(found.level)) +
+                           ", \"rule\": " + to_json_string(found.broken->name) +
+                           ", \"text\": " + to_json_string(found.text);
         if (found.repair) {
             item += ", \"mend\": {" + place("endLine", "endColumn", found.repair->end) +
-                    ", \"text\": " + to_json(found.repair->text) + "}";
+                    ", \"text\": " + to_json_string(found.repair->text) + "}";
         }
         if (found.first) {
             item += ", \"first\": {" + place("line", "column", *found.first) + "}";
@@ -47,24 +49,6 @@ private:
 
 std::unique_ptr<report> make_json_report(output out) {
     return std::make_unique<json_report>(std::move(out));
-}
-
-std::string to_json(std::string_view text) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    std::string result = "\"";
-    for (char const c : text) {
-        if (c == '"' || c == '\\') {
-            result += '\\';
-            result += c;
-        } else if (static_cast<unsigned char>(c) < 0x20) {
-            result += "\\u00";
-            result += digits[static_cast<std::size_t>(c) >> 4];
-            result += digits[static_cast<std::size_t>(c) & 0xF];
-        } else {
-            result += c;
-        }
-    }
-    return result + '"';
 }
 
 } // namespace fl::tool::lint

@@ -31,7 +31,4 @@ std::unique_ptr<report> make_text_report(output out);
 std::unique_ptr<report> make_json_report(output out);
 std::unique_ptr<report> make_sarif_report(output out);
 
-/// Returns a text as JSON writes it, with its quotes.
-std::string to_json(std::string_view text);
-
 } // namespace fl::tool::lint

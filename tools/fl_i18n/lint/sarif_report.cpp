@@ -1,4 +1,5 @@
 #include "foundation/ascii.hpp"
+#include "tools/fl_i18n/json.hpp"
 #include "tools/fl_i18n/lint/report.hpp"
 
 #include <utility>
@@ -50,22 +51,23 @@ public:
                            "  \"version\": \"2.1.0\",\n  \"runs\": [{\n    \"tool\": {\"driver\": {"
                            "\"name\": \"fl-i18n\", \"rules\": [";
         for (rule const & each : all_rules()) {
-            head += std::string(&each == &all_rules().front() ? "\n" : ",\n") +
-                    "      {\"id\": " + to_json(each.name) +
-                    ", \"shortDescription\": {\"text\": " + to_json(each.meaning) +
-                    "}, \"defaultConfiguration\": {\"level\": " + to_json(to_string(each.usual_severity)) +
-                    "}}";
+            head +=
+                std::string(&each == &all_rules().front() ? "\n" : ",\n") +
+                "      {\"id\": " + to_json_string(each.name) +
+                ", \"shortDescription\": {\"text\": " + to_json_string(each.meaning) +
+                "}, \"defaultConfiguration\": {\"level\": " + to_json_string(to_string(each.usual_severity)) +
+                "}}";
         }
         out_(head + "\n    ]}},\n    \"columnKind\": \"unicodeCodePoints\",\n    \"results\": [");
     }
 
     void add(std::string const & file, finding const & found) override {
-        std::string const artifact = "{\"uri\": " + to_json(to_uri(file)) + "}";
+        std::string const artifact = "{\"uri\": " + to_json_string(to_uri(file)) + "}";
         std::string item = std::exchange(separator_, ",\n") +
-                           "      {\"ruleId\": " + to_json(found.broken->name) +
-                           ", \"level\": " + to_json(to_string(found.level)) +
-                           ", \"message\": {\"text\": " + to_json(found.text) + "}, \"locations\": [{" +
-                           location(artifact, found.begin) + "}]";
+                           "      {\"ruleId\": " + to_json_string(found.broken->name) +
+                           ", \"level\": " + to_json_string(to_string(found.level)) +
+                           ", \"message\": {\"text\": " + to_json_string(found.text) +
+                           "}, \"locations\": [{" + location(artifact, found.begin) + "}]";
         if (found.first) {
             item += ", \"relatedLocations\": [{" + location(artifact, *found.first) +
                     ", \"message\": {\"text\": \"the first\"}}]";
@@ -73,7 +75,7 @@ public:
         if (found.repair) {
             item += ", \"fixes\": [{\"artifactChanges\": [{\"artifactLocation\": " + artifact +
                     ", \"replacements\": [{\"deletedRegion\": " + region(found.begin, &found.repair->end) +
-                    ", \"insertedContent\": {\"text\": " + to_json(found.repair->text) + "}}]}]}]";
+                    ", \"insertedContent\": {\"text\": " + to_json_string(found.repair->text) + "}}]}]}]";
         }
         out_(item + "}");
     }
