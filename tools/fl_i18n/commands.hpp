@@ -13,6 +13,8 @@ namespace fl::tool {
 void add_convert_command(CLI::App & program, int & status);
 void add_coverage_command(CLI::App & program, int & status);
 void add_doctor_command(CLI::App & program, int & status);
+void add_export_command(CLI::App & program);
+void add_import_command(CLI::App & program);
 void add_lint_command(CLI::App & program, int & status);
 void add_locale_command(CLI::App & program);
 void add_lookup_command(CLI::App & program);

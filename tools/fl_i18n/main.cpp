@@ -22,6 +22,8 @@ int run(std::vector<std::string> arguments) {
     add_convert_command(program, status);
     add_coverage_command(program, status);
     add_doctor_command(program, status);
+    add_export_command(program);
+    add_import_command(program);
     add_lint_command(program, status);
     add_locale_command(program);
     add_lookup_command(program);

@@ -58,6 +58,15 @@ catalog read_good_catalog(std::string const & file);
 /// Returns a catalog as a file that the loader reads with exactly these keys, texts and attributes.
 std::string write_catalog(catalog const & contents);
 
+/// Returns attributes as they stand in a tag after its name, each with a blank before it.
+std::string write_attributes(std::vector<xml::attribute> const & attributes);
+
+/// Returns a text in which backslash escapes stand for what would not come back from an XML document:
+/// controls, lone surrogates, blanks at the ends.
+i18n::ustring escape_text(i18n::ustring const & text);
+/// Returns the text that an escaped one stands for; empty when an escape is malformed.
+i18n::ustring unescape_text(i18n::ustring const & text);
+
 /// Returns the content of an entry, as XML, that the loader turns into this text.
 std::string to_entry_content(i18n::ustring const & text);
 

@@ -1,8 +1,9 @@
 #include "tools/fl_i18n/catalog/catalog.hpp"
 
-#include <array>
+#include <boost/numeric/conversion/cast.hpp>
 #include <fl/i18n/ustring.hpp>
 #include <string_view>
+#include <unicode/unistr.h>
 #include <unicode/utf16.h>
 
 namespace fl::tool {
@@ -29,15 +30,17 @@ void write_comments(std::string & xml, std::vector<std::string> const & comments
     }
 }
 
-void write_attributes(std::string & xml, std::vector<xml::attribute> const & attributes) {
+} // namespace
+
+std::string write_attributes(std::vector<xml::attribute> const & attributes) {
+    std::string xml;
     for (xml::attribute const & attribute : attributes) {
         xml += " " + attribute.name + "=\"" + xml::escape(attribute.value) + "\"";
     }
+    return xml;
 }
 
-} // namespace
-
-std::string to_entry_content(i18n::ustring const & text) {
+i18n::ustring escape_text(i18n::ustring const & text) {
     i18n::ustring result;
     for (std::size_t i = 0; i < text.size(); ++i) {
         char16_t const unit = text[i];
@@ -50,12 +53,6 @@ std::string to_entry_content(i18n::ustring const & text) {
             result += u"\\n";
         } else if (unit == u'\t') {
             result += u"\\t";
-        } else if (unit == u'&') {
-            result += u"&amp;";
-        } else if (unit == u'<') {
-            result += u"&lt;";
-        } else if (unit == u'>') {
-            result += u"&gt;";
         } else if (is_control(unit) || (unit == u' ' && at_edge) || unit >= 0xFFFE ||
                    (U16_IS_SURROGATE(unit) && !in_pair)) {
             result += i18n::utf8_to_ustring(escape_by_number(unit));
@@ -63,7 +60,22 @@ std::string to_entry_content(i18n::ustring const & text) {
             result += unit;
         }
     }
-    return i18n::ustring_to_utf8(result);
+    return result;
+}
+
+i18n::ustring unescape_text(i18n::ustring const & text) {
+    auto const length = boost::numeric_cast<std::int32_t>(text.size());
+    icu::UnicodeString const result = icu::UnicodeString(false, text.data(), length).unescape();
+    return {result.getBuffer(), static_cast<std::size_t>(result.length())};
+}
+
+std::string to_entry_content(i18n::ustring const & text) {
+    std::string result;
+    for (char const c : i18n::ustring_to_utf8(escape_text(text))) {
+        // Quotes have no meaning there: people read them better as they are.
+        result += c == '"' ? "\"" : xml::escape({&c, 1});
+    }
+    return result;
 }
 
 std::string write_catalog(catalog const & contents) {
@@ -72,14 +84,11 @@ std::string write_catalog(catalog const & contents) {
         xml += "<?" + instruction + "?>\n";
     }
     write_comments(xml, contents.head_comments, "");
-    xml += "<rsccat";
-    write_attributes(xml, contents.attributes);
-    xml += ">\n  <message>\n";
+    xml += "<rsccat" + write_attributes(contents.attributes) + ">\n  <message>\n";
     for (catalog_entry const & entry : contents.entries) {
         write_comments(xml, entry.comments, "    ");
-        xml += "    <entry key=\"" + xml::escape(entry.key) + "\"";
-        write_attributes(xml, entry.attributes);
-        xml += ">" + to_entry_content(entry.text.units) + "</entry>\n";
+        xml += "    <entry key=\"" + xml::escape(entry.key) + "\"" + write_attributes(entry.attributes) +
+               ">" + to_entry_content(entry.text.units) + "</entry>\n";
     }
     write_comments(xml, contents.tail_comments, "    ");
     return xml + "  </message>\n</rsccat>\n";

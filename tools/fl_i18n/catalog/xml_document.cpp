@@ -86,7 +86,7 @@ private:
         deliver(user_data, [=](reading & self) { self.on_start(name, values); });
     }
     static void XMLCALL end(void * user_data, char const * name) {
-        deliver(user_data, [=](reading & self) { self.sink_.on_end(name, self.offset()); });
+        deliver(user_data, [=](reading & self) { self.on_end(name); });
     }
     static void XMLCALL text(void * user_data, char const * text, int length) {
         deliver(user_data, [=](reading & self) {
@@ -112,10 +112,20 @@ private:
             attributes[i].name = values[2 * i];
             attributes[i].value = values[2 * i + 1];
         }
+        std::size_t const end = offset() + static_cast<std::size_t>(XML_GetCurrentByteCount(parser_));
+        bool const is_empty = end <= document_.size() && end > offset() + 2 && document_[end - 2] == '/';
+        empty_element_ = is_empty ? std::optional(offset()) : std::nullopt;
         sink_.on_start(name, attributes, offset());
     }
 
+    void on_end(char const * name) {
+        // Expat gives what follows an empty element as the place of its end.
+        sink_.on_end(name, empty_element_.value_or(offset()));
+        empty_element_.reset();
+    }
+
     XML_Parser parser_;
+    std::optional<std::size_t> empty_element_; // the place of the last tag, when it ends its element too
     std::string const & document_;
     events & sink_;
     std::exception_ptr failure_;
