@@ -1,24 +1,64 @@
 # shellcheck shell=bash
-# The message files of packages of the distribution, from which the tests make catalogs in thirty languages.
+# Files of packages of the distribution that the tests read: message files, from which they make catalogs in thirty
+# languages; PO files; the schemas of XLIFF. They are put into the cache once. Without them tests are skipped.
 
 message_packages=(evolution-common gnucash-common)
+po_packages=(hello sed grep bash)
+schema_package=php-symfony-translation
 
-# Puts the message files into the cache, once, and tells the tests where they are. Without them one test is skipped.
 prepare_message_files() {
-    local package place=$cache/message-files stage=$cache/message-files.$$ log=$cache/logs/message-files.log
-    if [[ ! -d $place ]]; then
-        mkdir -p "$stage/packages" "$stage/files" "$cache/logs"
-        for package in "${message_packages[@]}"; do
-            if ! (cd "$stage/packages" && logged "$log" apt-get download -qq -o APT::Sandbox::User=root "$package" &&
-                dpkg-deb --fsys-tarfile "$package"_*.deb |
-                    tar -x -C "$stage/files" --wildcards './usr/share/locale/*/LC_MESSAGES/*.mo'); then
-                warn "the package $package cannot be had: the test with its message files is left out"
-                rm -rf "$stage"
-                return
-            fi
-        done
-        mv -T "$stage/files" "$place" 2>/dev/null || [[ -d $place ]]
+    cached_files message-files unpack_message_files && export FL_I18N_MESSAGE_FILES=$cache/message-files
+    need_packages gettext libxml2-utils || warn "the tests with gettext's tools and xmllint are left out"
+    cached_files po-files unpack_po_files && export FL_I18N_PO_FILES=$cache/po-files
+    cached_files xliff-schemas unpack_schemas && export FL_I18N_XLIFF_SCHEMAS=$cache/xliff-schemas
+    return 0
+}
+
+# Makes a folder of the cache by a function, which is called in a folder of its own and fills "files" there.
+cached_files() { # NAME FUNCTION
+    local place=$cache/$1 stage=$cache/$1.$$
+    [[ ! -d $place ]] || return 0
+    mkdir -p "$stage/files" "$cache/logs"
+    if ! (cd "$stage" && logged "$cache/logs/$1.log" "$2"); then
+        warn "the packages for $1 cannot be had: the tests with them are left out"
         rm -rf "$stage"
+        return 1
     fi
-    export FL_I18N_MESSAGE_FILES=$place
+    mv -T "$stage/files" "$place" 2>/dev/null || [[ -d $place ]]
+    rm -rf "$stage"
+}
+
+unpack_message_files() {
+    local package
+    for package in "${message_packages[@]}"; do
+        apt-get download -qq -o APT::Sandbox::User=root "$package" &&
+            dpkg-deb --fsys-tarfile "$package"_*.deb |
+            tar -x -C files --wildcards './usr/share/locale/*/LC_MESSAGES/*.mo' || return 1
+    done
+}
+
+unpack_po_files() {
+    local package list
+    list=$(
+        # shellcheck source=/dev/null
+        pinned_suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
+        write_private_sources "$PWD/apt"
+    ) || return 1
+    mkdir -p lists/partial
+    local options=(-o "Dir::Etc::sourcelist=$list" -o Dir::Etc::sourceparts=- -o "Dir::State::Lists=$PWD/lists"
+        -o Dir::Cache::pkgcache= -o Dir::Cache::srcpkgcache= -o APT::Sandbox::User=root)
+    apt-get update -qq --error-on=any "${options[@]}" || return 1
+    for package in "${po_packages[@]}"; do
+        mkdir "files/$package"
+        apt-get source --download-only -qq "${options[@]}" "$package" &&
+            tar -x -f "$package"_*.orig.tar.?z -C "files/$package" --strip-components 1 --wildcards '*/po/*.po' ||
+            return 1
+    done
+}
+
+unpack_schemas() {
+    apt-get download -qq -o APT::Sandbox::User=root "$schema_package" &&
+        dpkg-deb --fsys-tarfile "$schema_package"_*.deb |
+        tar -x -C files --strip-components 9 --wildcards '*/schemas/*.xsd' || return 1
+    sed -i 's|schemaLocation="[^"]*/xml.xsd"|schemaLocation="xml.xsd"|' files/xliff-*.xsd
 }
