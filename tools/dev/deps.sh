@@ -7,7 +7,7 @@
 
 base_packages=(g++ cmake ninja-build make xz-utils libgtest-dev libcli11-dev)
 windows_packages=(g++-mingw-w64-x86-64-posix wine64)
-test_packages=(dpkg-dev libxml2-utils pkgconf unzip)
+test_packages=(dpkg-dev groff-base libxml2-utils pkgconf unzip)
 system_packages=(libicu-dev libboost1.81-dev libboost-filesystem1.81-dev libexpat1-dev)
 
 # The suite that offers the pinned sources, and the versions accepted from it, best first.
