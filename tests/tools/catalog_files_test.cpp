@@ -149,6 +149,20 @@ TEST(CatalogFiles, KeepThePlaceOfEveryUnit) {
     EXPECT_EQ(places, expected);
 }
 
+TEST(CatalogFiles, CountTheCharactersOfALongLine) {
+    constexpr std::size_t pairs = 500;
+    std::string text = "\n";
+    for (std::size_t i = 0; i < pairs; ++i) {
+        text += "\xC3\xA9x";
+    }
+    source_text const source(text);
+    for (std::size_t i = 0; i < pairs; ++i) {
+        ASSERT_EQ(source.position_of(1 + 3 * i), (position{2, 1 + 2 * i}));
+        ASSERT_EQ(source.position_of(3 + 3 * i), (position{2, 2 + 2 * i}));
+    }
+    EXPECT_EQ(source.position_of(text.size()), (position{2, 1 + 2 * pairs}));
+}
+
 TEST(CatalogFiles, AreWrittenSoThatEveryTextComesBack) {
     std::mt19937 random(2);
     std::u16string const alphabet =

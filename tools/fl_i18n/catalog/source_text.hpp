@@ -25,8 +25,11 @@ public:
     position position_of(std::size_t offset) const;
 
 private:
+    std::size_t characters_before(std::size_t offset) const;
+
     std::string bytes_;
     std::vector<std::size_t> line_starts_;
+    std::vector<std::size_t> characters_; ///< before each block of bytes
 };
 
 /// Decodes the bytes of an XML document into UTF-8, as Expat would read them: by byte-order mark, null bytes
