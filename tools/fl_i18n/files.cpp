@@ -69,18 +69,22 @@ bool is_directory(std::string const & name) {
 std::vector<std::string> files_below(std::string const & directory, std::string_view extension) {
     std::filesystem::path const root = access_path(directory);
     std::vector<std::string> names;
+    std::string last = directory;
     std::error_code error;
     std::filesystem::recursive_directory_iterator entry(root, error);
     for (; !error && entry != std::filesystem::recursive_directory_iterator(); entry.increment(error)) {
         // A path in the form for access is not to be taken apart by its elements: it has a drive among them.
         auto const rest = entry->path().native().substr(root.native().size());
         std::string const name = to_name(std::filesystem::path(rest).relative_path());
-        if (name.ends_with(extension) && entry->is_regular_file()) {
-            names.push_back(directory + (directory.ends_with('/') ? "" : "/") + name);
+        last = directory + (directory.ends_with('/') ? "" : "/") + name;
+        // A link that leads nowhere or to itself is no file.
+        std::error_code ignored;
+        if (name.ends_with(extension) && entry->is_regular_file(ignored)) {
+            names.push_back(last);
         }
     }
     if (error) {
-        fail_on_file("cannot read", directory, error);
+        fail_on_file("cannot read", last, error);
     }
     std::sort(names.begin(), names.end());
     return names;

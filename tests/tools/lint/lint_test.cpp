@@ -10,10 +10,12 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
 #include <fl/i18n/ustring.hpp>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace fl::tool::lint {
@@ -195,6 +197,10 @@ TEST(Lint, TakesOptionsAndEndsWithAStatus) {
     directory.write(u"resources/app/en/ui.xml", "<rsccat Version='1'><message/></rsccat>");
     directory.write(u"resources/app/de/ui.xml",
                     "<rsccat><message><entry key='k'>x</entry></message></rsccat>");
+    // Where there are links: one that leads to itself is no file.
+    std::error_code ignored;
+    std::filesystem::create_symlink(
+        "loop.xml", test::std_path(directory.path()) / "resources" / "app" / "de" / "loop.xml", ignored);
     lint_options options;
     EXPECT_EQ(lint(directory, options).log, "0 errors, 2 warnings in 2 files\n");
     options.base = "de";
