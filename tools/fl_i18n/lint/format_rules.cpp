@@ -5,19 +5,35 @@
 #include <algorithm>
 #include <boost/numeric/conversion/cast.hpp>
 #include <fl/i18n/ustring.hpp>
+#include <unicode/datefmt.h>
 #include <unicode/msgfmt.h>
 
 namespace fl::tool::lint {
 
 namespace {
 
-/// Tells whether the formatter builds a pattern, for the locale that it takes for all of them.
+/// Tells whether a format writes what it is given: that of a date leaves out all from a letter without a
+/// meaning on, and nobody is told.
+bool can_write(icu::Format const * format) {
+    auto const * const date = dynamic_cast<icu::DateFormat const *>(format);
+    UErrorCode status = U_ZERO_ERROR;
+    if (date != nullptr) {
+        icu::UnicodeString ignored;
+        date->format(UDate(), ignored, nullptr, status);
+    }
+    return U_SUCCESS(status);
+}
+
+/// Tells whether the formatter builds a pattern of one hole, for the locale that it takes for all of them,
+/// and can fill it.
 bool can_be_built(i18n::ustring const & pattern) {
     UErrorCode status = U_ZERO_ERROR;
     UParseError ignored;
     icu::UnicodeString const text(pattern.data(), boost::numeric_cast<std::int32_t>(pattern.size()));
     icu::MessageFormat const format(text, icu::Locale("en", "US", "POSIX"), ignored, status);
-    return U_SUCCESS(status);
+    std::int32_t count = 0;
+    icu::Format const * const * const formats = format.getFormats(count);
+    return U_SUCCESS(status) && (count == 0 || can_write(formats[0]));
 }
 
 /// Tells whether it would take long to find out about a style: it is huge, or a skeleton with a power of ten

@@ -198,11 +198,13 @@ private:
         } else if (result_.holes[index].has_branches()) {
             read_branches(index, brace, depth);
         } else {
+            std::size_t const comma_end = at_;
+            skip_space();
             std::size_t const begin = at_;
             read_simple_style(brace);
             result_.holes[index].style_offset = places_[begin];
             result_.holes[index].style = units_.substr(begin, at_ - begin);
-            limit_length(begin, "the style");
+            limit_length(comma_end, "the style");
         }
     }
 
