@@ -55,6 +55,13 @@ public:
         }
     }
 
+    void on_skipped(std::string_view entity, std::size_t offset) override {
+        faults_.push_back(
+            {offset, false,
+             "the entity \"" + std::string(entity) + "\" is not defined in the file and left out",
+             "unknown-entity"});
+    }
+
     void on_comment(std::string_view text, std::size_t) override {
         if (!in_entry_) {
             (open_.empty() && state_ == state::before_root ? result_.head_comments : comments_)

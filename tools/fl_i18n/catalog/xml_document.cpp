@@ -51,6 +51,7 @@ public:
         XML_SetCharacterDataHandler(parser, text);
         XML_SetCommentHandler(parser, comment);
         XML_SetProcessingInstructionHandler(parser, instruction);
+        XML_SetSkippedEntityHandler(parser, skipped);
     }
 
     std::optional<fault> run() {
@@ -97,6 +98,11 @@ private:
     }
     static void XMLCALL comment(void * user_data, char const * text) {
         deliver(user_data, [=](reading & self) { self.sink_.on_comment(text, self.offset()); });
+    }
+    static void XMLCALL skipped(void * user_data, char const * name, int is_parameter) {
+        if (is_parameter == 0) {
+            deliver(user_data, [=](reading & self) { self.sink_.on_skipped(name, self.offset()); });
+        }
     }
     static void XMLCALL instruction(void * user_data, char const * target, char const * data) {
         deliver(user_data, [=](reading & self) { self.sink_.on_instruction(target, data, self.offset()); });

@@ -31,6 +31,8 @@ public:
     /// is there, a line end or a reference.
     virtual void on_text(std::string_view text, std::size_t offset, bool literal) = 0;
     virtual void on_comment(std::string_view, std::size_t) {}
+    /// A reference of an entity that a part of the declarations may define that is not read.
+    virtual void on_skipped(std::string_view /*entity*/, std::size_t) {}
     virtual void on_instruction(std::string_view /*target*/, std::string_view /*data*/, std::size_t) {}
 };
 

@@ -54,6 +54,13 @@ std::filesystem::path resources_of(std::string const & file) {
     return own / "resources";
 }
 
+/// Tells whether a file without place has a directory of resources right above it.
+bool lies_too_high(catalog_file const & file) {
+    std::filesystem::path const own = absolute_path(file.name).parent_path();
+    return file.resources.empty() &&
+           (own.filename() == "resources" || own.parent_path().filename() == "resources");
+}
+
 } // namespace
 
 std::vector<input> find_inputs(std::vector<std::string> const & paths) {
@@ -63,7 +70,8 @@ std::vector<input> find_inputs(std::vector<std::string> const & paths) {
         bool const named = !is_directory(path);
         for (catalog_file & file : find_catalog_files(path)) {
             if (seen.insert(absolute_path(file.name)).second) {
-                inputs.push_back({std::move(file), named});
+                bool const too_high = !named && lies_too_high(file);
+                inputs.push_back({std::move(file), named, too_high});
             }
         }
     }
@@ -76,11 +84,12 @@ std::vector<input> find_inputs(std::vector<std::string> const & paths) {
 file_kind kind_of(input const & subject, source_text const & source, bool decoded) {
     std::string const root = root_finder::find(source, decoded);
     std::string const name = to_name(to_path(subject.file.name).filename());
-    bool const unknown = root.empty() && subject.file.resources.empty();
-    if (root == "lcdata" || (unknown && name == "lcdata.xml")) {
+    bool const known = root == "lcdata" || root == "MessageCatalogMap" || root == "rsccat";
+    bool const by_name = !known && subject.file.resources.empty();
+    if (root == "lcdata" || (by_name && name == "lcdata.xml")) {
         return file_kind::locale_database;
     }
-    if (root == "MessageCatalogMap" || (unknown && name == "catalog_map.xml")) {
+    if (root == "MessageCatalogMap" || (by_name && name == "catalog_map.xml")) {
         return file_kind::catalog_map;
     }
     return root == "rsccat" || subject.named || !subject.file.resources.empty() ? file_kind::catalog

@@ -13,7 +13,8 @@ namespace fl::tool::lint {
 
 struct input {
     catalog_file file;
-    bool named = false; ///< by the user, not found in a directory
+    bool named = false;    ///< by the user, not found in a directory
+    bool too_high = false; ///< below a directory of resources, but in no component and locale
 };
 
 /// Returns the files of all paths once, the languages of a catalog together.
@@ -21,7 +22,7 @@ std::vector<input> find_inputs(std::vector<std::string> const & paths);
 
 enum class file_kind { catalog, locale_database, catalog_map, other };
 
-/// Tells what a file is, by its root element above all.
+/// Tells what a file is, by its root element, or by its name when that is none of the three.
 file_kind kind_of(input const & subject, source_text const & source, bool decoded);
 
 /// Returns the catalogs with files where a catalog map is; nothing when there is no directory of them.

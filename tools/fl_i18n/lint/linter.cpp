@@ -51,6 +51,11 @@ private:
         file_findings out(source, options_.measure);
         switch (kind_of(subject, source, decoded)) {
         case file_kind::catalog:
+            if (subject.too_high) {
+                out.add("unreachable-file",
+                        {.text = "no look-up asks for a catalog here: below \"resources\" "
+                                 "come a component, a locale and then the file"});
+            }
             check_catalog(subject.file, source, decoded, out);
             return out.take();
         case file_kind::catalog_map:
@@ -74,10 +79,11 @@ private:
         std::vector<catalog_fault> faults;
         catalog const contents = read_catalog(source, decoded, faults);
         for (catalog_fault const & each : faults) {
-            bool const lost = each.refused || each.rule == "bad-escape";
+            // An entry that is only out of its place is read all the same.
+            bool const read = !each.refused && each.rule == "misplaced-element";
             out.add(each.rule, {.offset = each.offset,
                                 .text = each.text,
-                                .level = lost ? severity::error : severity::warning});
+                                .level = read ? std::optional(severity::warning) : std::nullopt});
         }
         catalog_case subject{file, contents, faults, file.locale, nullptr};
         if (file.resources.empty()) {

@@ -1,4 +1,5 @@
 #include "foundation/ascii.hpp"
+#include "locale/classic_name.hpp"
 #include "tools/fl_i18n/catalog/xml_document.hpp"
 #include "tools/fl_i18n/lint/attributes.hpp"
 #include "tools/fl_i18n/lint/locale_names.hpp"
@@ -150,13 +151,19 @@ private:
             report_bad_name(name, "a locale");
         }
         if (rule.name == "alias") {
-            locales_.add_alias(name.value, locale_, name.value_offset, out_);
+            if (check_free(name, name.value == i18n::lcmgmt::classic_name)) {
+                locales_.add_alias(name.value, locale_, name.value_offset, out_);
+            }
         } else if (rule.name == "region_alias") {
             regions_.add_alias(name.value, locale_, name.value_offset, out_);
         } else {
             locale_ = name.value;
             locales_.add_name(locale_, name.value_offset, out_);
-            note_encoding(find_value(attributes, "encoding"));
+            xml::attribute const * const encoding = find_value(attributes, "encoding");
+            note_encoding(encoding);
+            if (encoding != nullptr && encoding->value != i18n::lcmgmt::classic_encoding) {
+                check_free(*encoding, locale_ == i18n::lcmgmt::classic_name);
+            }
         }
     }
 
@@ -166,12 +173,25 @@ private:
             report_bad_name(name, "an encoding");
         }
         if (rule.name == "encoding_alias") {
-            encodings_.add_alias(name.value, encoding_, name.value_offset, out_);
+            if (check_free(name, ascii::equal_ignoring_case(name.value, i18n::lcmgmt::classic_encoding))) {
+                encodings_.add_alias(name.value, encoding_, name.value_offset, out_);
+            }
             return;
         }
         encoding_ = name.value;
         encodings_.add_name(encoding_, name.value_offset, out_);
         note_encoding(find_value(attributes, "compat"));
+    }
+
+    /// Reports a name that the library keeps to itself; tells whether it is free.
+    bool check_free(xml::attribute const & name, bool fixed) {
+        if (fixed) {
+            out_.add("bad-name",
+                     {.offset = name.value_offset,
+                      .text = in_quotes(name.value) +
+                              " is not taken here: the locale \"en_US_POSIX\" in \"UTF-8\" is fixed"});
+        }
+        return !fixed;
     }
 
     void note_encoding(xml::attribute const * name) {
@@ -203,7 +223,9 @@ private:
 /// Checks the XML declaration: one that is there must name UTF-8.
 void check_declaration(std::string const & bytes, file_findings & out) {
     std::size_t const begin = bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0;
-    if (bytes.compare(begin, 5, "<?xml") != 0) {
+    // Not the target of an instruction that begins like it.
+    constexpr std::string_view blanks = " \t\r\n";
+    if (bytes.compare(begin, 5, "<?xml") != 0 || bytes.find_first_of(blanks, begin) != begin + 5) {
         return;
     }
     std::size_t const end = bytes.find("?>", begin);

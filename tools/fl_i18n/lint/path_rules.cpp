@@ -19,7 +19,13 @@ std::string with_underscores(std::string name) {
 
 /// Returns a name as locales are named where it differs from that by letter case and separators alone.
 std::string usual_spelling(std::string const & name) {
-    std::string const usual = icu::Locale::createCanonical(name.c_str()).getName();
+    icu::Locale const locale = icu::Locale::createCanonical(name.c_str());
+    std::string const usual = locale.getName();
+    // The names "C" and "POSIX" have no language and are asked for as they are.
+    std::string_view const language = locale.getLanguage();
+    if (language.size() != 2 && language.size() != 3) {
+        return name;
+    }
     return ascii::equal_ignoring_case(usual, with_underscores(name)) ? usual : name;
 }
 

@@ -1,3 +1,4 @@
+#include "tools/fl_i18n/lint/pattern_syntax.hpp"
 #include "tools/fl_i18n/lint/text_rules.hpp"
 
 #include <algorithm>
@@ -92,6 +93,12 @@ void check_numbering(pattern const & text, file_findings & out) {
                                 .text = "named and numbered holes in one text: " +
                                         in_quotes(in_braces(text.holes.front().name)) + " and " +
                                         in_quotes(in_braces(other->name))});
+        return;
+    }
+    if (!text.holes.empty() && is_named(text.holes.front()) && !begins_with_letter(text.holes.front().name)) {
+        out.add("bad-name", {.offset = text.holes.front().offset,
+                             .text = in_quotes(in_braces(text.holes.front().name)) +
+                                     " is filled like \"{0}\": the name of a hole begins with a letter"});
         return;
     }
     std::set<int> numbers;

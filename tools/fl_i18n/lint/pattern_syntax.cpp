@@ -9,6 +9,7 @@
 #include <string>
 #include <unicode/msgfmt.h>
 #include <unicode/uchar.h>
+#include <unicode/utf16.h>
 
 namespace fl::tool::lint {
 
@@ -52,6 +53,10 @@ bool has_letter(std::u16string_view text) {
         }
     }
     return false;
+}
+
+bool begins_with_letter(std::u16string_view name) {
+    return has_letter(name.substr(0, !name.empty() && U16_IS_LEAD(name.front()) ? U16_MAX_LENGTH : 1));
 }
 
 placed_text quote_apostrophes(placed_text const & text) {

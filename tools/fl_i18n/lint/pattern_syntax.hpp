@@ -21,6 +21,9 @@ bool is_number(std::u16string_view text, bool infinity_allowed);
 
 bool has_letter(std::u16string_view text);
 
+/// Tells whether the formatter takes a hole for a named one: only by the first character of its name.
+bool begins_with_letter(std::u16string_view name);
+
 /// Returns the text as the formatter hands it to its parser: an apostrophe that quotes nothing is doubled,
 /// and an open quotation is closed. What is added has the place of what follows it.
 placed_text quote_apostrophes(placed_text const & text);

@@ -14,6 +14,7 @@ constexpr rule rules[] = {
     {"unknown-element", error, "an element of a name that the library does not know"},
     {"misplaced-element", error, "an element where the library does not expect it"},
     {"unknown-attribute", warning, "an attribute that the library does not know"},
+    {"unknown-entity", error, "a reference to an entity that is left out, being defined elsewhere"},
     {"stray-text", warning, "text where none is read"},
     // Keys and files of catalogs
     {"missing-key", error, "an entry without key"},
