@@ -8,6 +8,7 @@
 #include "tools/fl_i18n/locale_facts.hpp"
 
 #include <algorithm>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -135,7 +136,33 @@ TEST(ByteSink, PutsAFileInPlaceOnlyWhenItIsFinished) {
     EXPECT_EQ(source.read(5), "\n\x1A");
     EXPECT_EQ(files_below(root.name(), "").size(), 1u);
     EXPECT_THROW(byte_sink(root.name() + "/no/file"), command_failure);
+    EXPECT_THROW(byte_sink{root.name()}, command_failure) << "before anything is written";
     EXPECT_THROW(byte_source(root.name() + "/no"), command_failure);
+}
+
+TEST(ByteSink, LeavesLinksAndPermissionsAsTheyAre) {
+    test::temporary_directory root;
+    std::filesystem::path const file = to_path(root.name()) / "file";
+    std::filesystem::path const link = to_path(root.name()) / "link";
+    write_file(to_name(file), "old");
+    std::filesystem::permissions(file,
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    auto const permissions = std::filesystem::status(file).permissions();
+    write_file(to_name(file), "new");
+    EXPECT_EQ(std::filesystem::status(file).permissions(), permissions);
+
+    std::error_code unsupported;
+    for (char const * const target : {"file", "none"}) {
+        SCOPED_TRACE(target);
+        std::filesystem::remove(link);
+        std::filesystem::create_symlink(target, link, unsupported);
+        if (unsupported) {
+            GTEST_SKIP() << "no links here";
+        }
+        write_file(to_name(link), "through");
+        EXPECT_TRUE(std::filesystem::is_symlink(link));
+        EXPECT_EQ(read_file(to_name(to_path(root.name()) / target)), "through");
+    }
 }
 
 } // namespace

@@ -10,6 +10,17 @@
 
 namespace fl::tool {
 
+namespace {
+
+/// Returns the path of what a link leads to, or the link's own where it leads nowhere.
+std::filesystem::path behind_link(std::filesystem::path const & link) {
+    std::error_code error;
+    std::filesystem::path const target = std::filesystem::canonical(link, error);
+    return error ? link : target;
+}
+
+} // namespace
+
 byte_source::byte_source(std::string const & name)
     : name_(name) {
     if (name.empty()) {
@@ -52,24 +63,37 @@ std::string byte_source::display_name() const {
 }
 
 byte_sink::byte_sink(std::string const & name)
-    : name_(name)
-    , unfinished_name_(name + ".unfinished") {
+    : name_(name) {
     if (name.empty()) {
         set_binary(stdout);
         return;
     }
+    std::error_code ignored;
+    target_ = access_path(name);
+    if (std::filesystem::is_symlink(target_, ignored)) {
+        target_ = behind_link(target_);
+    }
+    auto const old = std::filesystem::status(target_, ignored);
+    bool const is_special = std::filesystem::exists(old) && !std::filesystem::is_regular_file(old);
+    written_ = target_;
+    if (!is_special && !std::filesystem::is_symlink(target_, ignored)) {
+        written_ += ".unfinished";
+    }
     errno = 0;
-    file_.open(access_path(unfinished_name_), std::ios::binary);
+    file_.open(written_, std::ios::binary);
     if (!file_) {
         fail();
+    }
+    if (std::filesystem::is_regular_file(old)) {
+        std::filesystem::permissions(written_, old.permissions() | std::filesystem::perms::owner_write,
+                                     ignored);
     }
 }
 
 byte_sink::~byte_sink() {
     if (file_.is_open()) {
         file_.close();
-        std::error_code ignored;
-        std::filesystem::remove(access_path(unfinished_name_), ignored);
+        remove_unfinished();
     }
 }
 
@@ -89,15 +113,21 @@ void byte_sink::finish() {
     if (name_.empty() ? std::fflush(stdout) != 0 : !file_.flush()) {
         fail();
     }
-    if (!name_.empty()) {
-        file_.close();
+    file_.close();
+    if (written_ != target_) {
         std::error_code error;
-        std::filesystem::rename(access_path(unfinished_name_), access_path(name_), error);
+        std::filesystem::rename(written_, target_, error);
         if (error) {
-            std::error_code ignored;
-            std::filesystem::remove(access_path(unfinished_name_), ignored);
+            remove_unfinished();
             fail_on_file("cannot write", name_, error);
         }
+    }
+}
+
+void byte_sink::remove_unfinished() const {
+    std::error_code ignored;
+    if (written_ != target_) {
+        std::filesystem::remove(written_, ignored);
     }
 }
 

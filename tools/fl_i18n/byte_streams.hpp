@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <string_view>
@@ -26,8 +27,9 @@ private:
     std::ifstream file_;
 };
 
-/// Writes a file whole or not at all or, without a name, to standard output. The operations throw
-/// `command_failure`.
+/// Writes a file whole or not at all or, without a name, to standard output. A link stays one and its file is
+/// written, a file that is there keeps its permissions, and a device or pipe gets the bytes at once. The
+/// operations throw `command_failure`.
 class byte_sink {
 public:
     explicit byte_sink(std::string const & name);
@@ -41,10 +43,12 @@ public:
     void finish();
 
 private:
+    void remove_unfinished() const;
     [[noreturn]] void fail() const;
 
     std::string name_;
-    std::string unfinished_name_;
+    std::filesystem::path target_;
+    std::filesystem::path written_; ///< the file that is open: one beside the target, or the target
     std::ofstream file_;
 };
 
