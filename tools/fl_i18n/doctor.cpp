@@ -49,6 +49,21 @@ bool is_known_encoding(std::string const & name) {
     return !i18n::get_standard_encoding_name(name).empty();
 }
 
+std::string what_to_do(locale_database const & database) {
+    switch (database.is) {
+    case locale_database::state::whole:
+        return " The events name them: correct " + database.file;
+    case locale_database::state::in_part:
+        return " Only what stands before its mistake is in use: correct " + database.file +
+               "; fl-i18n lint tells the place";
+    case locale_database::state::missing:
+        break;
+    }
+    return " The built-in tables are in use: " +
+           (database.file.empty() ? "name one" : "put it at " + database.file + ", or name another") +
+           " by QZLOCALE_LCDATA_PATH and QZLOCALE_LCDATA_FILENAME";
+}
+
 /// Tells whether an event is about a failure: it ends in the status of an error, or its text says so.
 bool is_failure(std::string const & event) {
     std::size_t const status = event.rfind(" - ");
@@ -98,17 +113,15 @@ void examine_variables(variables const & set, diagnosis & result) {
 
 void examine_start_up(diagnosis & result) {
     i18n::initLcMgmtSystem();
-    std::string const database = i18n::ustring_to_utf8(
-        display_path(i18n::utf8_to_ustring(QzLcUtil::getDataPathNames()["xml_locale_database_path"])));
-    result.facts.push_back({"locale database", database.empty() ? "none" : database, {}});
+    locale_database const database = find_database();
+    using how = locale_database::state;
+    result.facts.push_back({"locale database", database.file.empty() ? "none" : database.file,
+                            database.is == how::in_part   ? "in use up to its mistake"
+                            : database.is == how::missing ? "not in use"
+                                                          : ""});
     result.facts.push_back({"start-up", QzLcUtil::getInitStatusMsg(), {}});
     if (QzLcUtil::getLcStatus() != i18n::LcStatusInitialized) {
-        std::string const reason = QzLcUtil::getInitWarningMsg();
-        result.problems.push_back(
-            reason + (database.empty()
-                          ? " The built-in tables are in use: put lcdata.xml into " + install_path() +
-                                "/bin, or name it by QZLOCALE_LCDATA_PATH and QZLOCALE_LCDATA_FILENAME"
-                          : " The events name them: correct " + database));
+        result.problems.push_back(QzLcUtil::getInitWarningMsg() + what_to_do(database));
     }
     for (std::string const & event : QzLcUtil::getEventLog()) {
         result.facts.push_back({"event", event, {}});

@@ -4,7 +4,9 @@
 #include "tools/fl_i18n/console.hpp"
 #include "tools/fl_i18n/files.hpp"
 
+#include <algorithm>
 #include <exception>
+#include <fl/filesystem/path.hpp>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/environment.hpp>
 #include <fl/i18n/fallback_locales.hpp>
@@ -53,14 +55,22 @@ private:
     bool found_ = false;
 };
 
-bool database_gives_encoding(std::string const & locale_name) {
-    std::string const path = QzLcUtil::getDataPathNames()["xml_locale_database_path"];
-    if (path.empty()) {
-        return false;
+/// Returns the file that the start-up looks for; an empty path where there is no place for it.
+filesystem::upath wanted_database() {
+    i18n::ustring directory = i18n::getenv("QZLOCALE_LCDATA_PATH");
+    if (directory.empty() && !filesystem::get_install_path().empty()) {
+        directory = (filesystem::get_install_path() / filesystem::upath(u"bin")).string();
     }
+    i18n::ustring const name = i18n::getenv("QZLOCALE_LCDATA_FILENAME");
+    return directory.empty()
+               ? filesystem::upath()
+               : filesystem::upath(directory) / filesystem::upath(name.empty() ? u"lcdata.xml" : name);
+}
+
+bool gives_encoding(std::string const & database, std::string const & locale_name) {
     encoding_search search(locale_name);
     try {
-        xml::read(read_file(i18n::ustring_to_utf8(display_path(i18n::utf8_to_ustring(path)))), search, true);
+        xml::read(read_file(database), search, true);
     } catch (std::exception const &) {
         return false;
     }
@@ -117,8 +127,19 @@ std::string encoding_origin(QzLocale const & locale) {
             return "encoding part of " + each;
         }
     }
-    return database_gives_encoding(name) ? "locale database"
-                                         : "built-in tables, UTF-8 for a locale that they lack";
+    locale_database const database = find_database();
+    switch (database.is) {
+    case locale_database::state::whole:
+        if (gives_encoding(database.file, name)) {
+            return "locale database";
+        }
+        break;
+    case locale_database::state::in_part:
+        return "built-in tables, or the locale database up to its mistake";
+    case locale_database::state::missing:
+        break;
+    }
+    return "built-in tables, UTF-8 for a locale that they lack";
 }
 
 std::string terminal_origin(QzLocale const & locale, std::string const & encoding) {
@@ -150,6 +171,21 @@ std::string check_locale_name(std::string const & name) {
     } catch (i18n::QzLcInvLcName const &) {
         return "\"" + name + "\" is no locale name, such as ja_JP";
     }
+}
+
+locale_database find_database() {
+    using state = locale_database::state;
+    auto const name_of = [](i18n::ustring const & path) { return i18n::ustring_to_utf8(display_path(path)); };
+    std::string const used = QzLcUtil::getDataPathNames()["xml_locale_database_path"];
+    if (!used.empty()) {
+        return {name_of(i18n::utf8_to_ustring(used)), state::whole};
+    }
+    auto const events = QzLcUtil::getEventLog();
+    bool const was_begun = std::any_of(events.begin(), events.end(), [](std::string const & event) {
+        return event.ends_with("invalid XML locale database.") ||
+               event.ends_with("Failed to read the XML locale database.");
+    });
+    return {name_of(wanted_database().string()), was_begun ? state::in_part : state::missing};
 }
 
 std::vector<fact> describe_locale(QzLocale const & locale) {
