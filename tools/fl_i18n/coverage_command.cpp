@@ -2,6 +2,7 @@
 #include "tools/fl_i18n/commands.hpp"
 #include "tools/fl_i18n/console.hpp"
 #include "tools/fl_i18n/coverage.hpp"
+#include "tools/fl_i18n/files.hpp"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -45,6 +46,7 @@ void add_coverage_command(CLI::App & program, int & status) {
         program.add_subcommand("coverage", "Tell how much of the catalogs is translated");
     command->add_option("path", options->path, "Directory with a directory \"resources\", or that directory")
         ->required()
+        ->check(check_file_name)
         ->option_text("PATH");
     command
         ->add_option(

@@ -2,6 +2,7 @@
 #include "tools/fl_i18n/commands.hpp"
 #include "tools/fl_i18n/console.hpp"
 #include "tools/fl_i18n/doctor.hpp"
+#include "tools/fl_i18n/files.hpp"
 
 #include <CLI/CLI.hpp>
 #include <memory>
@@ -33,6 +34,7 @@ void add_doctor_command(CLI::App & program, int & status) {
         ->add_option("--root", *roots,
                      "Directory with a directory \"resources\"; by default that of the installation")
         ->allow_extra_args(false)
+        ->check(check_file_name)
         ->option_text("DIR ...");
     command->footer(
         "Prints the versions, paths, environment variables, events of the start-up, locales and catalogs,\n"

@@ -112,8 +112,12 @@ void add_import_command(CLI::App & program) {
         program.add_subcommand("import", "Make a catalog from a translators' file, PO or XLIFF");
     command->add_option("file", options->file, "PO file, or XLIFF file of version 1.2 or 2.0")
         ->required()
+        ->check(check_file_name)
         ->option_text("FILE");
-    command->add_option("--output", options->output, "Catalog to write")->required()->option_text("CATALOG");
+    command->add_option("--output", options->output, "Catalog to write")
+        ->required()
+        ->check(check_file_name)
+        ->option_text("CATALOG");
     command
         ->add_option("--locale", options->locale,
                      "Locale of the catalog; by default the one that the file names")
@@ -144,12 +148,16 @@ void add_export_command(CLI::App & program) {
     auto const options = std::make_shared<export_options>();
     CLI::App * const command =
         program.add_subcommand("export", "Make a translators' file, PO or XLIFF, from a catalog");
-    command->add_option("catalog", options->file, "Catalog file")->required()->option_text("CATALOG");
+    command->add_option("catalog", options->file, "Catalog file")
+        ->required()
+        ->check(check_file_name)
+        ->option_text("CATALOG");
     command
         ->add_option(
             "--output", options->output,
             "File to write; its ending tells the format: .po, .pot (without translations), .xlf (XLIFF 1.2)")
         ->required()
+        ->check(check_file_name)
         ->option_text("FILE");
     command->add_option("--format", options->format, "Format, whatever the ending")
         ->check(CLI::IsMember({"po", "xliff1", "xliff2"}))

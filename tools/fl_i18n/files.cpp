@@ -61,6 +61,10 @@ void write_file(std::string const & name, std::string_view bytes) {
     sink.finish();
 }
 
+std::string check_file_name(std::string const & name) {
+    return name.empty() ? "the name is empty" : std::string();
+}
+
 bool is_directory(std::string const & name) {
     std::error_code ignored;
     return std::filesystem::is_directory(access_path(name), ignored);

@@ -29,6 +29,9 @@ std::string read_file(std::string const & name);
 /// `command_failure`.
 void write_file(std::string const & name, std::string_view bytes);
 
+/// Returns what is wrong with a name that somebody gave for a file or directory: nothing, unless it is empty.
+std::string check_file_name(std::string const & name);
+
 /// Tells whether there is a directory of a name.
 bool is_directory(std::string const & name);
 

@@ -1,6 +1,7 @@
 #include "tools/fl_i18n/command.hpp"
 #include "tools/fl_i18n/commands.hpp"
 #include "tools/fl_i18n/console.hpp"
+#include "tools/fl_i18n/files.hpp"
 #include "tools/fl_i18n/lint/linter.hpp"
 #include "tools/fl_i18n/lint/rules.hpp"
 
@@ -64,6 +65,7 @@ void add_lint_command(CLI::App & program, int & status) {
     CLI::App * const command =
         program.add_subcommand("lint", "Find faults in catalogs, locale databases and catalog maps");
     command->add_option("path", options->paths, "Files, and directories with all XML files below them")
+        ->check(check_file_name)
         ->option_text("PATH ...");
     command
         ->add_option(

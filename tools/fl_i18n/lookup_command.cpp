@@ -3,6 +3,7 @@
 #include "tools/fl_i18n/command.hpp"
 #include "tools/fl_i18n/console.hpp"
 #include "tools/fl_i18n/explanation.hpp"
+#include "tools/fl_i18n/files.hpp"
 #include "tools/fl_i18n/locale_facts.hpp"
 
 #include <CLI/CLI.hpp>
@@ -118,6 +119,7 @@ void add_lookup_command(CLI::App & program) {
         ->add_option("--root", options->roots,
                      "Directory with a directory \"resources\"; by default that of the installation")
         ->allow_extra_args(false)
+        ->check(check_file_name)
         ->option_text("DIR ...");
     command
         ->add_option("--arg", options->arguments,

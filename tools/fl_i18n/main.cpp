@@ -28,6 +28,13 @@ int run(std::vector<std::string> arguments) {
     add_locale_command(program);
     add_lookup_command(program);
     add_pseudo_command(program);
+    // The parser would only say that a command is missing.
+    auto const is_named = [&](CLI::App const * command) { return command->get_name() == arguments.front(); };
+    if (!arguments.empty() && !arguments.front().starts_with('-') &&
+        program.get_subcommands(is_named).empty()) {
+        throw command_failure(exit_usage,
+                              "there is no command \"" + arguments.front() + "\"; see fl-i18n --help");
+    }
     // The parser takes its arguments in reverse.
     std::reverse(arguments.begin(), arguments.end());
     try {
@@ -37,7 +44,7 @@ int run(std::vector<std::string> arguments) {
         std::ostringstream output;
         std::ostringstream errors;
         bool const failed = program.exit(outcome, output, errors) != 0;
-        write(stdout, i18n::utf8_to_ustring(output.str()));
+        print(output.str());
         write(stderr, i18n::utf8_to_ustring(errors.str()));
         return failed ? exit_usage : exit_good;
     }

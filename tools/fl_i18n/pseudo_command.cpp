@@ -23,8 +23,9 @@ void run(pseudo_options const & options) {
     catalog contents = read_good_catalog(options.file);
     if (std::size_t const refused = make_pseudo(contents, options.style)) {
         write(stderr, i18n::utf8_to_ustring("fl-i18n: " + options.file + ": " + std::to_string(refused) +
-                                            (refused == 1 ? " text is" : " texts are") +
-                                            " no message pattern and stay as they are\n"));
+                                            (refused == 1
+                                                 ? " text is no message pattern and stays as it is\n"
+                                                 : " texts are no message patterns and stay as they are\n")));
     }
     std::string const xml = write_catalog(contents);
     if (options.output.empty()) {
@@ -39,8 +40,12 @@ void run(pseudo_options const & options) {
 void add_pseudo_command(CLI::App & program) {
     auto const options = std::make_shared<pseudo_options>();
     CLI::App * const command = program.add_subcommand("pseudo", "Write a catalog in a pseudo-language");
-    command->add_option("file", options->file, "Catalog file to start from")->required()->option_text("FILE");
+    command->add_option("file", options->file, "Catalog file to start from")
+        ->required()
+        ->check(check_file_name)
+        ->option_text("FILE");
     command->add_option("--output", options->output, "File to write; by default standard output")
+        ->check(check_file_name)
         ->option_text("FILE");
     command->add_flag("--rtl", options->style.right_to_left,
                       "Write from right to left (ar_XB) instead of with accents (en_XA)");
