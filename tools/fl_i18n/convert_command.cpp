@@ -3,6 +3,7 @@
 #include "tools/fl_i18n/commands.hpp"
 #include "tools/fl_i18n/console.hpp"
 #include "tools/fl_i18n/convert.hpp"
+#include "tools/fl_i18n/files.hpp"
 #include "tools/fl_i18n/progress.hpp"
 
 #include <CLI/CLI.hpp>
@@ -92,8 +93,7 @@ void say(std::string const & line) {
     write(stderr, i18n::utf8_to_ustring(line + "\n"));
 }
 
-void transfer(byte_source source, byte_sink & sink, encoding_conversion & conversion) {
-    progress shown("converting " + source.display_name() + ", piece", source.size() / piece_size + 1);
+void transfer(byte_source & source, byte_sink & sink, encoding_conversion & conversion, progress & shown) {
     for (bool last = false; !last && !conversion.stopped();) {
         std::string const piece = source.read(piece_size);
         last = piece.size() < piece_size;
@@ -103,16 +103,21 @@ void transfer(byte_source source, byte_sink & sink, encoding_conversion & conver
 }
 
 void run(convert_options const & options, int & status) {
+    std::optional<progress> shown;
     std::uint64_t losses = 0;
     encoding_conversion conversion(options.from, options.to, *to_handling(options.on_error),
                                    [&](conversion_loss const & loss) {
                                        if (++losses <= most_listed || options.all) {
+                                           shown->hide();
                                            say(describe(loss, options));
                                        }
                                    });
     byte_source source(options.file);
     byte_sink sink(options.output);
-    transfer(std::move(source), sink, conversion);
+    std::uint64_t const size = source.size();
+    shown.emplace("converting " + source.display_name() + ", piece", size > 0 ? size / piece_size + 1 : 0);
+    transfer(source, sink, conversion, *shown);
+    shown.reset();
     if (losses > most_listed && !options.all) {
         say("and " + std::to_string(losses - most_listed) + " more; --all lists them");
     }
@@ -142,8 +147,11 @@ void add_convert_command(CLI::App & program, int & status) {
                      "What becomes of what cannot be converted: stop (default), substitute, escape=KIND")
         ->check(check_handling)
         ->option_text("HOW");
-    command->add_option("file", options->file, "Input; by default standard input")->option_text("FILE");
+    command->add_option("file", options->file, "Input; by default standard input")
+        ->check(check_file_name)
+        ->option_text("FILE");
     command->add_option("--output", options->output, "File to write; by default standard output")
+        ->check(check_file_name)
         ->option_text("FILE");
     command->add_flag("--all", options->all, "List every loss, not only the first 20");
     command->footer(

@@ -22,6 +22,10 @@ progress::progress(std::string work, std::size_t total)
     , next_(std::chrono::steady_clock::now() + patience) {}
 
 progress::~progress() {
+    hide();
+}
+
+void progress::hide() {
     if (shown_width_ > 0) {
         show("");
     }
@@ -32,7 +36,7 @@ void progress::advance() {
     auto const now = std::chrono::steady_clock::now();
     if (visible_ && now >= next_) {
         next_ = now + interval;
-        show(work_ + " " + std::to_string(done_) + " of " + std::to_string(total_));
+        show(work_ + " " + std::to_string(done_) + (total_ > 0 ? " of " + std::to_string(total_) : ""));
     }
 }
 

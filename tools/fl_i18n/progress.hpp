@@ -10,7 +10,7 @@ namespace fl::tool {
 /// the object.
 class progress {
 public:
-    /// `work` says in UTF-8 what is done; `total` is the number of steps.
+    /// `work` says in UTF-8 what is done; `total` is the number of steps, 0 when it is not known.
     progress(std::string work, std::size_t total);
     ~progress();
     progress(progress const &) = delete;
@@ -18,6 +18,8 @@ public:
 
     /// Counts one step.
     void advance();
+    /// Removes the line, for others to write theirs. It comes back with a later step.
+    void hide();
 
 private:
     void show(std::string const & line);

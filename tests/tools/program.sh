@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# The program as people call it: what it answers to what is wrong, with which status.
+# Usage: program.sh PROGRAM, or program.sh EMULATOR PROGRAM
+set -euo pipefail
+
+program=("$@")
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+# Standard error of the program has a text, and its exit status is this one.
+expect() { # STATUS TEXT ARGUMENT...
+    local status=0 wanted=$1 text=$2
+    shift 2
+    "${program[@]}" "$@" </dev/null 2>"$work/errors" || status=$?
+    [[ $status == "$wanted" ]] || { echo "$*: status $status" >&2 && exit 1; }
+    grep -qF -- "$text" "$work/errors" || { echo "$*: says $(cat "$work/errors")" >&2 && exit 1; }
+}
+
+expect 2 'no command "nosuch"' nosuch locale
+expect 2 'the name is empty' convert --from UTF-8 --to UTF-8 ''
+expect 2 'the name is empty' convert --from UTF-8 --to UTF-8 --output ''
+expect 2 'the name is empty' coverage ''
+expect 3 'the output cannot be written' --help >/dev/full
+expect 3 'cannot write standard output' convert --from UTF-8 --to UTF-16 "$0" >/dev/full
+
+# A database that breaks off is in use up to there.
+mkdir "$work/database"
+echo '<lcdata><locale name="qq_QQ" encoding="nonsense"/><break/></lcdata>' >"$work/database/lcdata.xml"
+export QZLOCALE_LCDATA_PATH=$work/database
+says() { # TEXT ARGUMENT...
+    local text=$1
+    shift
+    { "${program[@]}" "$@" || true; } </dev/null | tr '\\' / >"$work/output"
+    grep -qE -- "$text" "$work/output" || { cat "$work/output" >&2 && echo "$*: does not say $text" >&2 && exit 1; }
+}
+says '^encoding +nonsense +\(built-in tables, or the locale database up to its mistake\)' locale qq_QQ
+says '^locale database .*/database/lcdata.xml  \(in use up to its mistake\)' doctor
+says "before its mistake is in use: correct .*/database/lcdata.xml;" doctor
+rm "$work/database/lcdata.xml"
+says 'The built-in tables are in use: put it at .*/database/lcdata.xml,' doctor
+
+# Terminals of other encodings, on systems that have them.
+((${#program[@]} == 1)) || exit 0
+terminal() { # LOCALE ARGUMENT...
+    LANG=$1 script -qec "$(printf '%q ' "${program[@]}" "${@:2}")" "$work/typescript" </dev/null | tr -d '\r'
+}
+echo '<lcdata><locale name="qq_QQ" encoding="nonsense"/></lcdata>' >"$work/database/lcdata.xml"
+[[ $(terminal qq_QQ lookup fl:i18n:QzLcInvLcName --locale ja_JP) == "ロケール名が無効です。" ]]
+[[ $(terminal fr_FR.ISO-8859-1 lookup fl:i18n:LcRscOpenFileFailure --locale en --arg 's:日é') == *$'?\xE9' ]]
