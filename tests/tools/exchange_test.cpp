@@ -152,12 +152,20 @@ TEST(Po, BecomesACatalogAndTheSameAgain) {
 
 TEST(Po, IsReadInEverySpelling) {
     std::string const po =
-        "\xEF\xBB\xBF#foo\r\n#:a.c\r\n#!fuzzy\r\n#,  c-format \nmsgid \"a\" \"\\142\\x163 \""
+        "\xEF\xBB\xBF#foo\r\n#:a.c\r\n#!fuzzy\r\n#,  c-format \nmsgid \"a\" \"\\142\\x123456789a63 \""
         "msgstr\"\\303\\251\"\n  \"d\" # after\n";
     EXPECT_EQ(import_text(po).find("x:state"), std::string::npos);
     EXPECT_EQ(round_trip(po, exchange_format::po),
               "# foo\n#: a.c\n#, fuzzy\n#,  c-format \nmsgid \"abc \"\nmsgstr \"\xC3\xA9"
               "d\"\n\n# after\n");
+}
+
+TEST(Po, KeepsItsHeaderInItsPlace) {
+    for (char const * const before : {"msgid \"a\"\nmsgstr \"b\"\n\n", "domain \"d\"\n\n"}) {
+        std::string const po = std::string(before) + header + "\nmsgid \"c\"\nmsgstr \"d\"\n";
+        EXPECT_EQ(round_trip(po, exchange_format::po), po);
+        EXPECT_NE(import_text(po).find("locale=\"de\""), po.npos);
+    }
 }
 
 TEST(Po, KeepsTheEncodingOfItsFile) {
@@ -171,6 +179,10 @@ TEST(Po, KeepsTheEncodingOfItsFile) {
         std::string const po =
             replace(header, "UTF-8", encoding) + "\nmsgid \"a\"\nmsgstr \"" + bytes + "\"\n";
         EXPECT_EQ(round_trip(po, exchange_format::po), po);
+    }
+    for (std::string const & po : {"# charset=KOI8-R\n" + header, "msgid \"charset=KOI8-R\"\nmsgstr \"\"\n"s,
+                                   "msgctxt \"c\"\nmsgid \"\"\nmsgstr \"charset=KOI8-R\"\n"s}) {
+        EXPECT_NE(import_text(po + "\nmsgid \"a\"\nmsgstr \"\xC3\xA9\"\n").find(">\xC3\xA9<"), po.npos) << po;
     }
     std::string const latin = replace(header, "UTF-8", "ISO-8859-1") + "\nmsgid \"a\"\nmsgstr \"b\"\n";
     EXPECT_THROW(round_trip(latin, exchange_format::po, ">b<", ">\xE3\x81\x82<"), command_failure);
@@ -186,6 +198,18 @@ TEST(Po, IsTranslatedByChangesOfItsCatalog) {
               replace(po, "msgstr \"\"\n\n# end", "msgstr \"B\"\n\n# end"));
 }
 
+TEST(Po, IsTranslatedThroughXliff) {
+    std::string const po = header + "\nmsgid \"a\"\nmsgstr \"A\"\n\n#, c-format\nmsgid \"b\"\nmsgstr \"\"\n";
+    std::string xliff = export_file(read(import_text(po)), {}, exchange_format::xliff1, "c.xml");
+    xliff = replace(xliff, "<source>a</source><target state=\"translated\">A<",
+                    "<source>a </source><target state=\"needs-review-translation\">AA<");
+    xliff = replace(xliff, "<source>b</source>", "<source>b</source><target state=\"new\">B</target>");
+    std::string const xml = import_text(xliff);
+    EXPECT_EQ(
+        export_file(read(xml), {}, exchange_format::po, "c.xml"),
+        header + "\n#, fuzzy\nmsgid \"a\"\nmsgstr \"AA\"\n\n#, fuzzy, c-format\nmsgid \"b\"\nmsgstr \"B\"\n");
+}
+
 TEST(Exchange, NamesThePlaceOfWhatItRefuses) {
     std::string const xliff = "<xliff version='1.2' xmlns='urn:oasis:names:tc:xliff:document:1.2'>";
     std::string const own = replace(header, "Language", "X-Catalog-Keys: msgctxt\\n\"\n\"Language");
@@ -197,13 +221,15 @@ TEST(Exchange, NamesThePlaceOfWhatItRefuses) {
         {"msgid \"a\"\nmsgstr\n\nmsgid \"b\"\n", "f:4:1: a text in quotes"},
         {"msgid \"a\"\nmsgid_plural \"b\"\nmsgstr[1] \"c\"\n", "f:3:7: \"[0]\" is expected"},
         {"msgid \"a\"\n# c\nmsgstr \"b\"\n", "f:2:1: \"msgstr\" is expected"},
+        {"#~ msgid \"a\"\nmsgstr \"b\"\n", "f:2:1: only a part"},
+        {"msgid \"a\"\nmsgstr \"b\"\n#~ \"c\"\n", "f:3:4: only a part"},
         {"nonsense\n", "f:1:1: \"msgid\" is expected"},
         {"msgid \"a\"\nmsgstr \"b\"\n=\n", "f:3:1: neither a keyword"},
         {"msgid \"a\"\nmsgstr \"b\"\n\nmsgid \"a\"\nmsgstr \"b\"\n",
          "f:4:1: the message has the key of the one in line 1"},
         {header + "msgid \"a\"\nmsgstr \"\xFF\"\n",
          "f:6:1: the line is not valid in the file's encoding UTF-8"},
-        {replace(header, "UTF-8", "UTF-99"), "f: the encoding UTF-99 is not known"},
+        {replace(header, "UTF-8", "UTF-99"), "f:3:36: the encoding UTF-99 is not known"},
         {own + "\nmsgid \"a\"\nmsgstr \"b\"\n",
          "f:7:1: the messages of a catalog have their keys as context"},
         {own + "\nmsgctxt \"k\"\nmsgid \"a\"\nmsgstr \"b\"\n\nmsgctxt \"k\"\nmsgid \"b\"\nmsgstr \"b\"\n",
@@ -352,7 +378,7 @@ msgstr ""
     EXPECT_EQ(export_small(exchange_format::po),
               "# Head\n# <rsccat version=\"1.0\" locale=\"de_DE\"/>\n" + fields + R"(
 # Mine
-# <entry translate="no"/>
+# <entry key="a" translate="no"/>
 #. About it
 #, python-brace-format
 msgctxt "a"
@@ -368,7 +394,7 @@ msgctxt "b"
 msgid "b {0,number}"
 msgstr "B {0,number}"
 
-# <entry x:escaped="yes" x:empty="yes"/>
+# <entry key="c" x:escaped="yes" x:empty="yes"/>
 msgctxt "c"
 msgid "\\uD800"
 msgstr ""
@@ -410,6 +436,32 @@ TEST(Po, OfACatalogBringsTheWorkOfTranslators) {
     EXPECT_EQ(import_text(accepted),
               replace(replace(replace(xml, " x:state=\"fuzzy\"", ""), " x:draft=\"neu?\"", ""),
                       "\">new {name} {0}<", "\">neu?<"));
+}
+
+TEST(Po, OfACatalogFollowsItsBase) {
+    auto const po = [](std::string const & context, std::string const & id, std::string const & text) {
+        return "#, fuzzy\nmsgctxt \"" + context + "\"\nmsgid \"" + id + "\"\nmsgstr \"" + text + "\"\n";
+    };
+    // As gettext's tools propose them, the second with the comments of another message.
+    std::string const own = replace(header, "Language", "X-Catalog-Keys: msgctxt\\n\"\n\"Language") + "\n";
+    std::string const tag = "# <entry key=\"k\" a=\"b\"/>\n";
+    catalog const contents =
+        read(import_text(own + tag + po("k", "old", "alt") + "\n" + tag + po("l", "more", "mehr")));
+    ASSERT_EQ(contents.entries.size(), 2u);
+    EXPECT_EQ(contents.entries[0].attributes.front().name, "a");
+    EXPECT_EQ(contents.entries[1].attributes.front().name, "x:state");
+
+    catalog const base = read("<rsccat><message><entry key='k'>new</entry></message></rsccat>");
+    export_settings settings;
+    settings.base = &base;
+    for (exchange_format const format : formats) {
+        std::string const second = import_text(export_file(contents, settings, format, "c.xml"));
+        EXPECT_NE(second.find("x:source=\"new\" x:draft=\"alt\">new<"), second.npos) << second;
+    }
+    std::string const merged =
+        replace(export_file(contents, {}, exchange_format::po, "c.xml"), "msgid \"old", "msgid \"newest");
+    std::string const third = import_text(merged);
+    EXPECT_NE(third.find("x:source=\"newest\" x:draft=\"alt\">newest<"), third.npos) << third;
 }
 
 TEST(Xliff, OfACatalogIsForTranslators) {
@@ -460,6 +512,45 @@ TEST(Xliff, OfACatalogBringsTheWorkOfTranslators) {
     }
 }
 
+TEST(Xliff, OfACatalogIsReadAsToolsWriteIt) {
+    std::string const target1 = "<target state=\"translated\">A <ph id=\"1\">{0}</ph></target>";
+    std::string const source2 = "<source>a <ph id=\"1\" equiv=\"{0}\" disp=\"{0}\"/></source>";
+    std::string const target2 = "<target>A <ph id=\"1\" equiv=\"{0}\" disp=\"{0}\"/></target>";
+    struct {
+        exchange_format format;
+        std::string from;
+        std::string to;
+        std::string expected; // a part of the catalog, or of what is said against the file
+    } const rows[] = {
+        {exchange_format::xliff1, target1, "<target><x id=\"1\"/> A</target>", ">{0} A<"},
+        {exchange_format::xliff2, target2, "<target><ph id=\"1\"/> A</target>", ">{0} A<"},
+        {exchange_format::xliff2, target2, "<target>A<pc id=\"1\">b</pc></target>", ">A{0}b<"},
+        {exchange_format::xliff1, target1, "<target/>", "  <message>\n    <entry key=\"b\""},
+        {exchange_format::xliff2, " state=\"translated\">" + source2 + target2,
+         ">" + source2 + "<target></target>", "  <message>\n    <entry key=\"b\""},
+        {exchange_format::xliff1, target1, "<q:target>x</q:target>" + target1, ">A {0}<"},
+        {exchange_format::xliff1, target1, "<target>A <x id=\"2\"/></target>",
+         "the target of \"a\" has an element that is none of the source: <x id=\"2\"/>"},
+        {exchange_format::xliff2, "</segment>", "</segment><segment><source>x</source></segment>",
+         "the unit has been cut into segments"},
+    };
+    for (auto const & row : rows) {
+        std::string xliff = replace(export_small(row.format), row.from, row.to);
+        xliff = replace(xliff, " translate=\"no\">", ">");
+        xliff = replace(
+            xliff,
+            xliff.substr(xliff.find("<x:entry>"), xliff.find("</x:entry>") + 10 - xliff.find("<x:entry>")),
+            "");
+        std::string result;
+        try {
+            result = import_text(xliff);
+        } catch (command_failure const & failure) {
+            result = failure.what();
+        }
+        EXPECT_NE(result.find(row.expected), result.npos) << row.to << '\n' << result;
+    }
+}
+
 struct foreign_xliff {
     char const * name;
     exchange_format format;
@@ -471,20 +562,21 @@ std::vector<foreign_xliff> const foreign_xliffs = {
     {"v1", exchange_format::xliff1, R"(<?xml version="1.0"?>
 <!-- kept --><xliff xmlns="urn:oasis:names:tc:xliff:document:1.2" version="1.2" xmlns:q='u'><file original="f.c" target-language="pt-BR">
 <header><skl><internal-file>..</internal-file></skl></header><body><group id="g">
- <trans-unit id="1" resname="Open"><source>Open &amp; close</source><seg-source><mrk mtype="seg">Open</mrk></seg-source>
+ <trans-unit id="1" resname="Open"><source>Open &amp; close</source><q:target>q</q:target><seg-source><mrk mtype="seg">Open</mrk></seg-source>
    <target state='signed-off' q:x='>'><![CDATA[A & B]]> &#x41;</target ><note>n</note></trans-unit>
  <trans-unit id="2"><source>At <x id="N" equiv-text="{{n}}"/> <g id="2">all <ph id="3">{0}</ph></g><x id="4"/></source></trans-unit>
  <trans-unit id="u3"><source>new</source><target state="new">neu</target><alt-trans><source>s</source><target>t</target></alt-trans></trans-unit>
  <trans-unit id="Open"><source>empty</source><target/></trans-unit></group></body></file></xliff>
 )",
-     "Open=A & B A|At_n_all_0_x_id_4_rnk2fjed=At {{n}} all {0}<x id=\"4\"/>|u3=new|empty_8ntfvqr9=|"},
+     "Open=A & B A|At_n_all_0_x_id_4_rnk2fjed=At {{n}} all {0}<x id=\"4\"/>|u3=new|empty_8ntfvqr9=empty|"},
     {"v2", exchange_format::xliff2,
      R"(<f:xliff version="2.0" xmlns:f="urn:oasis:names:tc:xliff:document:2.0" srcLang="en" trgLang="de">
 <f:file id="f"><f:unit id="a"><f:originalData><f:data id="d">&lt;b></f:data><f:data id="e">&lt;/b></f:data></f:originalData>
 <f:segment><f:source>One <f:pc id="1" dataRefStart="d" dataRefEnd="e">bold<f:cp hex="0007"/></f:pc></f:source></f:segment>
 <f:ignorable><f:source> </f:source></f:ignorable>
-<f:segment state="initial"><f:source>Two</f:source><f:target>Zwei</f:target></f:segment></f:unit></f:file></f:xliff>)",
-     "a_0=One <b>bold\a</b>|a_1=Two|"}};
+<f:segment state="initial"><f:source>Two</f:source><f:target>Zwei</f:target></f:segment>
+<f:segment><f:source><f:pc id="1" dataRefStart="d" dataRefEnd="e">3</f:pc></f:source><f:target><f:pc id="1" dataRefStart="d" dataRefEnd="e">drei</f:pc></f:target></f:segment></f:unit></f:file></f:xliff>)",
+     "a_0=One <b>bold\a</b>|a_1=Two|a_2=<b>drei</b>|"}};
 
 TEST(Xliff, OfOthersIsKeptAsItIs) {
     for (foreign_xliff const & each : foreign_xliffs) {
@@ -498,16 +590,19 @@ TEST(Xliff, OfOthersIsKeptAsItIs) {
     }
     std::string const & first = foreign_xliffs[0].document;
     std::string const & second = foreign_xliffs[1].document;
-    EXPECT_EQ(round_trip(first, exchange_format::xliff1, ">new<", ">\\u0007&lt;<"),
-              replace(first, "neu", "<ph id=\"1\" ctype=\"x-character\">\\u0007</ph>&lt;"));
+    EXPECT_EQ(
+        round_trip(first, exchange_format::xliff1, ">new<", ">\\u0007&lt;<"),
+        replace(first, "new\">neu", "translated\"><ph id=\"1\" ctype=\"x-character\">\\u0007</ph>&lt;"));
     EXPECT_EQ(round_trip(first, exchange_format::xliff1, ">A &amp; B A<", ">B<"),
               replace(first, "<![CDATA[A & B]]> &#x41;</target >", "B</target>"));
-    EXPECT_EQ(round_trip(first, exchange_format::xliff1, "></entry>", ">x</entry>"),
+    EXPECT_EQ(round_trip(first, exchange_format::xliff1, ">empty</entry>", ">x</entry>"),
               replace(first, "<target/>", "<target>x</target>"));
     EXPECT_EQ(
         round_trip(second, exchange_format::xliff2, ">One ", ">Eins "),
         replace(second, "</f:pc></f:source>",
                 "</f:pc></f:source><f:target>Eins &lt;b&gt;bold<cp hex=\"0007\"/>&lt;/b&gt;</f:target>"));
+    EXPECT_EQ(round_trip(second, exchange_format::xliff2, ">Two<", ">2<"),
+              replace(replace(second, "initial", "translated"), "Zwei", "2"));
     EXPECT_THROW(round_trip(replace(first, "<![CDATA[A & B]]>", "<g id='1'>A</g>"), exchange_format::xliff1,
                             ">A A<", ">B<"),
                  command_failure);

@@ -5,7 +5,9 @@
 #include "tools/fl_i18n/files.hpp"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <fl/i18n/ustring.hpp>
+#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -87,7 +89,14 @@ void run(export_options const & options) {
     }
     export_settings settings;
     settings.is_template = options.is_template || options.output.ends_with(".pot");
-    if (is_foreign(contents, *format) && (!options.base.empty() || settings.is_template)) {
+    bool const is_any_foreign = std::any_of(std::begin(formats), std::end(formats), [&](auto const & each) {
+        return is_foreign(contents, each.second);
+    });
+    if (is_any_foreign && !options.base.empty()) {
+        throw command_failure(exit_usage,
+                              "the catalog was made from a file of translators and has its own originals");
+    }
+    if (is_foreign(contents, *format) && settings.is_template) {
         throw command_failure(exit_usage,
                               "the catalog was made from a file of this format and becomes that again, with "
                               "its own originals and translations");

@@ -62,8 +62,16 @@ void check_keys(std::string const & file, catalog const & contents) {
     }
 }
 
+i18n::ustring kept_original(catalog const & contents, catalog_entry const & entry,
+                            i18n::ustring const & original) {
+    bool const kept = xml::find(contents.attributes, "x:format") != nullptr &&
+                      xml::find(entry.attributes, "x:source") != nullptr;
+    return kept ? original_text(entry, nullptr) : original;
+}
+
 void set_translation(catalog_entry & entry, i18n::ustring const & original,
                      std::optional<i18n::ustring> const & translation, bool fuzzy) {
+    renew_source(entry.attributes, original);
     if (translation && !fuzzy) {
         remove_attribute(entry.attributes, "x:state");
         remove_attribute(entry.attributes, "x:draft");
@@ -71,9 +79,7 @@ void set_translation(catalog_entry & entry, i18n::ustring const & original,
         return;
     }
     set_attribute(entry.attributes, {"x:state", fuzzy ? "fuzzy" : "untranslated"});
-    if (xml::find(entry.attributes, "x:source") == nullptr) {
-        set_attribute(entry.attributes, {"x:source", escaped(original)});
-    }
+    set_attribute(entry.attributes, {"x:source", escaped(original)});
     if (fuzzy) {
         set_attribute(entry.attributes, {"x:draft", escaped(*translation)});
     } else {
@@ -83,16 +89,16 @@ void set_translation(catalog_entry & entry, i18n::ustring const & original,
 }
 
 i18n::ustring original_text(catalog_entry const & entry, catalog_entry const * base) {
-    if (auto const * const source = xml::find(entry.attributes, "x:source")) {
-        return unescape_text(i18n::utf8_to_ustring(source->value));
+    if (base != nullptr) {
+        return base->text.units;
     }
-    return base != nullptr ? base->text.units : entry.text.units;
+    auto const * const source = xml::find(entry.attributes, "x:source");
+    return source != nullptr ? unescape_text(i18n::utf8_to_ustring(source->value)) : entry.text.units;
 }
 
-std::optional<i18n::ustring> translation_of(catalog_entry const & entry, i18n::ustring const & original,
-                                            bool & fuzzy) {
+std::optional<i18n::ustring> translation_of(catalog_entry const & entry, bool & fuzzy) {
     fuzzy = false;
-    if (!shows_original(entry, original)) {
+    if (!shows_original(entry)) {
         return entry.text.units;
     }
     auto const * const draft = xml::find(entry.attributes, "x:draft");
@@ -167,7 +173,7 @@ exchange_counts count(catalog const & contents) {
     exchange_counts counts;
     for (catalog_entry const & entry : contents.entries) {
         bool fuzzy = false;
-        bool const translated = translation_of(entry, original_text(entry, nullptr), fuzzy).has_value();
+        bool const translated = translation_of(entry, fuzzy).has_value();
         ++counts.messages;
         counts.untranslated += !translated;
         counts.fuzzy += fuzzy;
@@ -182,8 +188,14 @@ void fail_at(std::string const & file, std::string const & text, std::size_t off
                                                  std::to_string(at.column) + ": " + what);
 }
 
-bool shows_original(catalog_entry const & entry, i18n::ustring const & original) {
-    return exchange_text(entry.attributes, "state") && entry.text.units == original;
+void renew_source(attributes & tag, i18n::ustring const & original) {
+    if (xml::find(tag, "x:source") != nullptr) {
+        set_attribute(tag, {"x:source", escaped(original)});
+    }
+}
+
+bool shows_original(catalog_entry const & entry) {
+    return exchange_text(entry.attributes, "state") && entry.text.units == original_text(entry, nullptr);
 }
 
 } // namespace fl::tool

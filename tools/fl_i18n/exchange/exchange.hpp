@@ -40,7 +40,12 @@ void declare_exchange_namespace(catalog & contents);
 void check_keys(std::string const & file, catalog const & contents);
 
 /// Tells whether an entry shows its original text still, for want of a translation.
-bool shows_original(catalog_entry const & entry, i18n::ustring const & original);
+bool shows_original(catalog_entry const & entry);
+
+/// Returns the original text of an entry that came back from translators with `original`: that which it has
+/// in the catalog of a foreign file, of which it is a part.
+i18n::ustring kept_original(catalog const & contents, catalog_entry const & entry,
+                            i18n::ustring const & original);
 
 /// Gives an entry that came back from translators its text: the translation, or the original where there is
 /// none or one that must be looked at, which is then kept aside.
@@ -50,10 +55,12 @@ void set_translation(catalog_entry & entry, i18n::ustring const & original,
 /// Returns what translators see of an entry: its original text in the language of `base`, if that has it.
 i18n::ustring original_text(catalog_entry const & entry, catalog_entry const * base);
 
+/// Makes attributes that name an original text name this one: that of the base may be newer.
+void renew_source(attributes & tag, i18n::ustring const & original);
+
 /// Returns the translation of an entry that translators see, without value where there is none; `fuzzy` tells
 /// whether it must be looked at.
-std::optional<i18n::ustring> translation_of(catalog_entry const & entry, i18n::ustring const & original,
-                                            bool & fuzzy);
+std::optional<i18n::ustring> translation_of(catalog_entry const & entry, bool & fuzzy);
 
 /// An entry of a catalog and of the base, of which one may be missing.
 struct entry_pair {

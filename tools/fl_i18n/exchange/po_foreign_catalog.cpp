@@ -27,10 +27,9 @@ public:
     }
 
     catalog run(po_file const & po) {
-        bool has_header = false;
         for (po_message const & message : po.messages) {
-            if (message.is_header() && !has_header) {
-                has_header = true;
+            // A header in another place, or for a domain, stays there.
+            if (message.is_header() && &message == &po.messages.front() && message.domain.empty()) {
                 set_exchange_text(result_.attributes, "header", message.texts.front());
                 add_comments(result_.attributes, message);
             } else if (message.obsolete || message.is_header()) {
@@ -132,13 +131,22 @@ po_message start_message(catalog_entry const & entry) {
     return message;
 }
 
-/// Adds the text of an entry; returns whether it is a translation.
-bool add_text(po_message & message, catalog_entry const & entry) {
-    bool const translated =
-        !shows_original(entry, i18n::utf8_to_ustring(original(message, message.texts.size())));
+/// What the entries of a message tell of its translation.
+struct message_state {
+    bool translated = false; ///< one shows a translation
+    bool edited = false;     ///< one got its translation in the catalog
+    bool draft = false;      ///< one has a draft that must be looked at
+};
+
+/// Adds the text of an entry.
+void add_text(po_message & message, message_state & total, catalog_entry const & entry) {
+    bool const translated = !shows_original(entry);
+    auto const state = exchange_text(entry.attributes, "state");
     message.texts.push_back(translated ? i18n::ustring_to_utf8(entry.text.units)
                                        : exchange_text(entry.attributes, "draft").value_or(""));
-    return translated;
+    total.translated |= translated;
+    total.edited |= translated && state;
+    total.draft |= !translated && state == "fuzzy";
 }
 
 } // namespace
@@ -159,13 +167,16 @@ po_file foreign_po_from_catalog(catalog const & contents) {
         auto const aside = read_aside(contents.entries[i].attributes, "before").messages;
         po.messages.insert(po.messages.end(), aside.begin(), aside.end());
         po_message message = start_message(contents.entries[i]);
-        bool translated = add_text(message, contents.entries[i++]);
+        message_state state;
+        add_text(message, state, contents.entries[i++]);
         while (message.plural_id && i < contents.entries.size() &&
                exchange_text(contents.entries[i].attributes, "form") ==
                    std::to_string(message.texts.size())) {
-            translated |= add_text(message, contents.entries[i++]);
+            add_text(message, state, contents.entries[i++]);
         }
-        if (translated) {
+        if (state.draft && !state.edited) {
+            set_fuzzy(message, true);
+        } else if (state.translated) {
             set_fuzzy(message, false);
         }
         po.messages.push_back(message);

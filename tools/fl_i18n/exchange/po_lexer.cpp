@@ -6,6 +6,7 @@
 #include <charconv>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/ustring.hpp>
+#include <system_error>
 #include <utility>
 
 namespace fl::tool {
@@ -146,8 +147,11 @@ void po_lexer::escape(std::string & result, std::string & coded) {
 char po_lexer::number(std::size_t digits, int base) {
     std::size_t const limit = at_ + std::min(digits, text_.size() - at_);
     unsigned value = 0;
-    auto const end = std::from_chars(text_.data() + at_, text_.data() + limit, value, base).ptr;
-    at_ = static_cast<std::size_t>(end - text_.data());
+    unsigned digit = 0;
+    while (at_ < limit && std::from_chars(&text_[at_], &text_[at_] + 1, digit, base).ec == std::errc()) {
+        value = value * static_cast<unsigned>(base) + digit;
+        ++at_;
+    }
     return static_cast<char>(value);
 }
 

@@ -74,6 +74,12 @@ bool set_texts(po_message & message, std::string const & key, i18n::ustring cons
     return escaped;
 }
 
+/// Embeds an entry's tag with the key: gettext's tools carry comments to similar messages.
+void embed_entry_tag(std::vector<std::string> & lines, std::string const & key, attributes tag) {
+    tag.insert(tag.begin(), {"key", key});
+    embed_tag(lines, "entry", tag);
+}
+
 class exporter {
 public:
     exporter(catalog const & contents, export_settings const & settings)
@@ -130,7 +136,7 @@ private:
         if (set_texts(message, entry.key, entry.text.units, {})) {
             attributes tag;
             set_exchange_text(tag, escaped_mark, "yes");
-            embed_tag(message.lines(po_comment::translator), "entry", tag);
+            embed_entry_tag(message.lines(po_comment::translator), entry.key, tag);
         }
         embed_comments(message.lines(po_comment::extracted), entry.comments);
         po_.messages.push_back(message);
@@ -139,10 +145,11 @@ private:
     void add(catalog_entry const & entry, catalog_entry const * base) {
         i18n::ustring const original = original_text(entry, base);
         bool fuzzy = false;
-        auto const translation = translation_of(entry, original, fuzzy);
+        auto const translation = translation_of(entry, fuzzy);
         po_message message;
         set_comments(message, entry.attributes);
         attributes tag = tag_attributes(entry.attributes);
+        renew_source(tag, original);
         if (set_texts(message, entry.key, original, translation.value_or(u""))) {
             set_exchange_text(tag, escaped_mark, "yes");
         }
@@ -153,7 +160,7 @@ private:
         std::vector<std::string> lines;
         embed_comments(lines, entry.comments);
         if (!tag.empty()) {
-            embed_tag(lines, "entry", tag);
+            embed_entry_tag(lines, entry.key, tag);
         }
         auto & own = message.lines(po_comment::translator);
         own.insert(own.begin(), lines.begin(), lines.end());

@@ -52,6 +52,11 @@ private:
     void add(po_message message) {
         check(message);
         embedded parts = read_embedded(message.lines(po_comment::translator));
+        auto const * const tag_key = xml::find(parts.tag, "key");
+        if (tag_key != nullptr && tag_key->value != *message.context) {
+            parts.tag.clear(); // It came with the proposal from another message.
+        }
+        remove_attribute(parts.tag, "key");
         bool const escaped = remove_attribute(parts.tag, "x:escaped");
         bool const empty = remove_attribute(parts.tag, "x:empty");
         auto const decode = [&](std::string const & text) {
@@ -71,7 +76,7 @@ private:
         entry.comments = parts.comments;
         entry.comments.insert(entry.comments.end(), parts.later_comments.begin(), parts.later_comments.end());
         entry.attributes = std::move(parts.tag);
-        set_translation(entry, decode(message.id),
+        set_translation(entry, kept_original(result_, entry, decode(message.id)),
                         translated ? std::optional(decode(message.texts.front())) : std::nullopt,
                         message.is_fuzzy() && translated);
         message.lines(po_comment::translator) = parts.other_lines;

@@ -38,7 +38,14 @@ private:
         if (!is_keyword(keyword)) {
             lexer_.fail(token_.offset, std::string("\"") + keyword + "\" is expected here");
         }
+        check_mark();
         take();
+    }
+
+    void check_mark() const {
+        if (token_.obsolete != message_.obsolete) {
+            lexer_.fail(token_.offset, "only a part of the message is marked as obsolete");
+        }
     }
 
     /// Reads the parts of a text.
@@ -48,6 +55,7 @@ private:
         }
         std::string result;
         while (token_.kind == po_word::text) {
+            check_mark();
             result += take().value;
         }
         return result;
@@ -139,7 +147,9 @@ std::string header_field(std::string_view header, std::string_view field) {
         std::string_view const line = header.substr(0, end);
         if (line.starts_with(field) && line.substr(field.size()).starts_with(":")) {
             std::size_t const first = line.find_first_not_of(' ', field.size() + 1);
-            return first == std::string_view::npos ? std::string() : std::string(line.substr(first));
+            return first == std::string_view::npos
+                       ? std::string()
+                       : std::string(line.substr(first, line.find_last_not_of(' ') + 1 - first));
         }
         header.remove_prefix(std::min(end + 1, header.size()));
     }

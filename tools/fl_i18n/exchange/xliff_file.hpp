@@ -7,10 +7,14 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// XLIFF files, 1.2 and 2.0: what is translated in them, with its place.
 namespace fl::tool {
+
+/// Tells whether a state of either version says that work is left.
+bool is_unfinished(std::string_view state);
 
 /// A text to translate: a trans-unit of 1.2, a segment of 2.0.
 struct xliff_unit {
@@ -20,15 +24,20 @@ struct xliff_unit {
     i18n::ustring source;
     std::optional<i18n::ustring> target;
     bool target_has_codes = false; ///< elements stand in the target
+    std::string unknown_code;      ///< an element of the target for which nothing is known to stand
     std::string state;             ///< as the file names it
     std::vector<std::string> notes;
-    std::string tag; ///< what an export has noted of the entry
+    std::string tag;          ///< what an export has noted of the entry
+    std::size_t segments = 1; ///< into which the unit that it comes from is cut
     std::size_t offset = 0;
     std::size_t target_begin = 0; ///< the place of the target element, or where it would stand
     std::size_t target_end = 0;
 
     /// Tells whether the target is no translation yet, or must be looked at.
-    bool needs_work() const;
+    bool needs_work() const { return is_unfinished(state); }
+
+    /// Returns the target, unless it is an empty one that waits for its translation.
+    std::optional<i18n::ustring> translation() const;
 };
 
 struct xliff_file {

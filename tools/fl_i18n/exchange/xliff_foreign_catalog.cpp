@@ -48,13 +48,34 @@ std::string with_content(std::string const & element, std::string const & conten
     return start + content + "</" + name + ">";
 }
 
-std::string target_of(catalog_entry const & entry, std::string const & before, int version) {
+/// Makes the state in the tag at a place of a text, if it says that work is left, say that it is done.
+void mark_translated(std::string & text, std::size_t tag) {
+    constexpr std::string_view name = "state=";
+    std::size_t const end = end_of_tag(text, tag);
+    std::size_t at = text.find(name, tag);
+    while (at < end && std::string_view(" \t\r\n").find(text[at - 1]) == std::string_view::npos) {
+        at = text.find(name, at + 1);
+    }
+    if (at < end) {
+        std::size_t const begin = at + name.size() + 1;
+        std::size_t const length = text.find(text[begin - 1], begin) - begin;
+        if (is_unfinished(text.substr(begin, length))) {
+            text.replace(begin, length, "translated");
+        }
+    }
+}
+
+/// Returns the target of an entry; what stands before it is changed when that names its state.
+std::string target_of(catalog_entry const & entry, std::string & before, int version) {
     auto const element = exchange_text(entry.attributes, "target");
-    if (shows_original(entry, original_text(entry, nullptr))) {
+    if (shows_original(entry)) {
         return element.value_or("");
     }
+    // What elements stand for may be told outside the target.
+    auto const text = exchange_text(entry.attributes, "target-text");
     bool has_codes = false;
-    if (element && read_target(*element, has_codes) == entry.text.units) {
+    if (element && (read_target(*element, has_codes) == entry.text.units ||
+                    (text && i18n::utf8_to_ustring(*text) == entry.text.units))) {
         return *element;
     }
     if (has_codes) {
@@ -64,8 +85,16 @@ std::string target_of(catalog_entry const & entry, std::string const & before, i
                 "\" has changed, and elements stand in its target that would be lost; translate it in "
                 "the XLIFF file");
     }
-    return with_content(element.value_or("<" + last_prefix(before) + "target>"),
-                        to_xliff_content(entry.text.units, version, false));
+    std::string const prefix = last_prefix(before);
+    std::string target = with_content(element.value_or("<" + prefix + "target>"),
+                                      to_xliff_content(entry.text.units, version, false));
+    std::size_t const segment = version == 1 ? before.npos : before.rfind("<" + prefix + "segment");
+    if (segment != before.npos) {
+        mark_translated(before, segment);
+    } else {
+        mark_translated(target, 0);
+    }
+    return target;
 }
 
 } // namespace
@@ -84,14 +113,18 @@ catalog catalog_from_foreign_xliff(xliff_file const & xliff, std::string const &
         catalog_entry entry;
         entry.key = new_key(unit, known);
         set_exchange_text(entry.attributes, "source", i18n::ustring_to_utf8(unit.source));
-        bool const translated = unit.target && !unit.needs_work();
+        auto const translation = unit.translation();
+        bool const translated = translation && !unit.needs_work();
         if (!translated) {
-            set_exchange_text(entry.attributes, "state", unit.target ? "fuzzy" : "untranslated");
+            set_exchange_text(entry.attributes, "state", translation ? "fuzzy" : "untranslated");
         }
-        entry.text.units = translated ? *unit.target : original_text(entry, nullptr);
+        entry.text.units = translated ? *translation : original_text(entry, nullptr);
         if (unit.target) {
             set_exchange_text(entry.attributes, "target",
                               document.substr(unit.target_begin, unit.target_end - unit.target_begin));
+        }
+        if (translated && unit.target_has_codes) {
+            set_exchange_text(entry.attributes, "target-text", i18n::ustring_to_utf8(*translation));
         }
         set_exchange_text(entry.attributes, "before", document.substr(end, unit.target_begin - end));
         end = unit.target_end;
@@ -104,14 +137,15 @@ catalog catalog_from_foreign_xliff(xliff_file const & xliff, std::string const &
 std::string foreign_xliff_from_catalog(catalog const & contents, int version) {
     std::string document;
     for (catalog_entry const & entry : contents.entries) {
-        auto const before = exchange_text(entry.attributes, "before");
+        auto before = exchange_text(entry.attributes, "before");
         if (!before) {
             throw command_failure(exit_input_output,
                                   "the entry \"" + entry.key +
                                       "\" has no attribute x:before, which the entries of a catalog "
                                       "made from an XLIFF file have");
         }
-        document += *before + target_of(entry, *before, version);
+        std::string const target = target_of(entry, *before, version);
+        document += *before + target;
     }
     return document + exchange_text(contents.attributes, "after").value_or("");
 }

@@ -61,8 +61,8 @@ private:
         } else {
             xml_ += "<xliff version=\"2.0\" xmlns=\"urn:oasis:names:tc:xliff:document:2.0" + namespaces +
                     " srcLang=\"" + from + "\"" + (settings_.is_template ? "" : " trgLang=\"" + to + "\"") +
-                    ">\n  <file id=\"f1\" original=\"" + name_ + "\" xml:space=\"preserve\">\n    " +
-                    catalog_element() + "\n";
+                    ">\n  <file id=\"f1\" original=\"" + name_ +
+                    "\" canResegment=\"no\" xml:space=\"preserve\">\n    " + catalog_element() + "\n";
         }
     }
 
@@ -106,8 +106,9 @@ private:
         std::optional<i18n::ustring> translation;
         attributes tag;
         if (pair.entry != nullptr && !settings_.is_template) {
-            translation = translation_of(named, original, fuzzy);
+            translation = translation_of(named, fuzzy);
             tag = named.attributes;
+            renew_source(tag, original);
         }
         std::string state = exchange_text(tag, "target-state").value_or(usual_state(version_, fuzzy));
         auto const * const translate = xml::find(named.attributes, "translate");
@@ -145,13 +146,26 @@ private:
     std::size_t count_ = 0;
 };
 
-catalog_entry make_entry(xliff_unit const & unit, int version) {
+/// Refuses what would not be the text of the entry.
+void check_target(xliff_unit const & unit, std::string const & file, std::string const & document) {
+    if (unit.segments > 1) {
+        fail_at(file, document, unit.offset, "the unit has been cut into segments; join them to one");
+    }
+    if (unit.target && !unit.unknown_code.empty()) {
+        fail_at(file, document, unit.target_begin,
+                "the target of \"" + unit.name +
+                    "\" has an element that is none of the source: " + unit.unknown_code);
+    }
+}
+
+catalog_entry make_entry(catalog const & contents, xliff_unit const & unit, int version) {
     catalog_entry entry;
     entry.key = unit.name;
     entry.attributes = unit.tag.empty() ? attributes() : read_embedded({unit.tag}).tag;
-    bool const fuzzy = unit.target && unit.needs_work();
-    set_translation(entry, unit.source, unit.target, fuzzy);
-    if (unit.state.empty() || unit.state == usual_state(version, fuzzy)) {
+    auto const translation = unit.translation();
+    bool const fuzzy = translation && unit.needs_work();
+    set_translation(entry, kept_original(contents, entry, unit.source), translation, fuzzy);
+    if (!translation || unit.state.empty() || unit.state == usual_state(version, fuzzy)) {
         remove_attribute(entry.attributes, "x:target-state");
     } else {
         set_exchange_text(entry.attributes, "target-state", unit.state);
@@ -191,9 +205,10 @@ catalog catalog_from_own_xliff(xliff_file const & xliff, std::string const & fil
         if (unit.name.empty() || !known.insert(unit.name).second) {
             fail_at(file, document, unit.offset, "a unit without key, or with one that is there already");
         }
-        // What has neither a target nor a mark is a message of the base alone.
-        if (unit.target || unit.tag.find("x:state=") != std::string::npos) {
-            result.entries.push_back(make_entry(unit, xliff.version));
+        check_target(unit, file, document);
+        // What has neither a translation nor a mark is a message of the base alone.
+        if (unit.translation() || unit.tag.find("x:state=") != std::string::npos) {
+            result.entries.push_back(make_entry(result, unit, xliff.version));
         } else if (!unit.notes.empty()) {
             left_out.push_back("the notes on \"" + unit.name + "\", which has no translation");
         }

@@ -39,9 +39,12 @@ public:
         if (text_) {
             text_->begin_element(name, all, original_data_);
         } else if (parent.empty()) {
+            prefix_ = full_name.substr(0, full_name.size() - name.size());
             start_document(name, all, offset);
+        } else if (is_of_others(full_name, name)) {
+            leave_out(full_name);
         } else if (is_text(parent, name)) {
-            text_.emplace();
+            text_.emplace(name == "target" ? source_codes_ : xliff_codes());
             element_ = open_.size();
             start_text(parent, name, all, offset);
         } else if (name == "file") {
@@ -51,8 +54,7 @@ public:
         } else if (name == "segment") {
             start_segment(all, offset);
         } else if (!is_container(parent, name)) {
-            other_ = open_.size();
-            ++result_.other_elements[std::string(full_name)];
+            leave_out(full_name);
         }
     }
 
@@ -82,6 +84,17 @@ public:
 private:
     [[noreturn]] void fail(std::size_t offset, std::string const & what) const {
         fail_at(name_, document_, offset, what);
+    }
+
+    void leave_out(std::string_view full_name) {
+        other_ = open_.size();
+        ++result_.other_elements[std::string(full_name)];
+    }
+
+    /// Tells whether an element is of another namespace and none of an export.
+    bool is_of_others(std::string_view full_name, std::string_view name) const {
+        return full_name.substr(0, full_name.size() - name.size()) != prefix_ && name != "catalog" &&
+               name != "entry";
     }
 
     static bool is_container(std::string_view parent, std::string_view name) {
@@ -166,11 +179,13 @@ private:
     void end_text(std::string_view name, std::size_t offset) {
         if (name == "source") {
             segment_.source = text_->text();
+            source_codes_ = text_->codes();
             has_source_ = true;
             segment_.target_begin = segment_.target_end = end_of_tag(document_, offset);
         } else if (name == "target") {
             segment_.target = text_->text();
             segment_.target_has_codes = text_->has_codes();
+            segment_.unknown_code = text_->unknown();
             segment_.target_end = end_of_tag(document_, offset);
         } else if (name == "catalog") {
             result_.catalog_lines = i18n::ustring_to_utf8(text_->text());
@@ -208,6 +223,7 @@ private:
             each.name = unit_.name;
             each.notes = unit_.notes;
             each.tag = unit_.tag;
+            each.segments = segments_.size();
             if (segments_.size() > 1) {
                 std::string const number = "_" + std::to_string(&each - segments_.data());
                 each.id += number;
@@ -220,6 +236,7 @@ private:
     std::string const & name_;
     std::string const & document_;
     xliff_file result_;
+    std::string prefix_; // of the elements of XLIFF, with its colon
     std::vector<std::string> open_;
     std::optional<xliff_text> text_; // of the element open_[element_ - 1]
     std::size_t element_ = 0;
@@ -229,6 +246,7 @@ private:
     xliff_unit segment_;
     std::vector<xliff_unit> segments_;
     bool has_source_ = false;
+    xliff_codes source_codes_;
     bool keeps_note_ = false;
     std::string data_id_;
     std::map<std::string, std::string> original_data_;
@@ -257,8 +275,13 @@ private:
 
 } // namespace
 
-bool xliff_unit::needs_work() const {
+bool is_unfinished(std::string_view state) {
     return state == "new" || state == "initial" || state.starts_with("needs-");
+}
+
+std::optional<i18n::ustring> xliff_unit::translation() const {
+    bool const waits = target && target->empty() && !source.empty() && (state.empty() || needs_work());
+    return waits ? std::nullopt : target;
 }
 
 xliff_file read_xliff(std::string const & name, std::string const & document, bool decoded) {

@@ -24,6 +24,14 @@ bool is_annotation(std::string_view name) {
     return std::find(std::begin(names), std::end(names), name) != std::end(names);
 }
 
+/// Returns what names an element: what begins a range and what ends it can share an identifier.
+std::string identifier(std::string_view name, attributes const & all) {
+    bool const ends_range = name == "ept" || name == "ex" || name == "ec";
+    std::string const start = value_of(all, "startRef");
+    std::string const id = start.empty() ? value_of(all, "id") : start;
+    return id.empty() ? id : (ends_range ? "/" : "") + id;
+}
+
 /// Returns the character of "cp", which may be one that no text should hold.
 i18n::ustring character(std::string const & hex) {
     std::uint32_t c = 0;
@@ -120,13 +128,16 @@ void xliff_text::begin_element(std::string_view name, attributes const & all,
     if (name == "cp") {
         code.instead = character(value_of(all, "hex"));
     } else if (name == "pc") {
-        append(shown(all, original_data, {"dataRefStart"}, {"dispStart", "equivStart"}));
-        code.after =
-            i18n::utf8_to_ustring(shown(all, original_data, {"dataRefEnd"}, {"dispEnd", "equivEnd"}));
+        std::string const id = value_of(all, "id");
+        text_ += this->code(id, shown(all, original_data, {"dataRefStart"}, {"dispStart", "equivStart"}));
+        code.after = this->code("/" + id, shown(all, original_data, {"dataRefEnd"}, {"dispEnd", "equivEnd"}));
     } else if (!is_annotation(name)) {
-        std::string const given = shown(all, original_data, {"dataRef"}, {"disp", "equiv", "equiv-text"});
-        code.instead = i18n::utf8_to_ustring(
-            given.empty() ? "<" + std::string(name) + write_attributes(all) + "/>" : given);
+        code.id = identifier(name, all);
+        code.instead =
+            this->code(code.id, shown(all, original_data, {"dataRef"}, {"disp", "equiv", "equiv-text"}));
+        if (code.instead.empty()) {
+            code.literal = "<" + std::string(name) + write_attributes(all) + "/>";
+        }
         code.escaped = value_of(all, "ctype") == character_type;
     }
     code.begin = text_.size();
@@ -137,11 +148,29 @@ void xliff_text::end_element() {
     element const & code = open_.back();
     if (text_.size() == code.begin) {
         text_ += code.instead;
+        if (!code.literal.empty()) {
+            append(code.literal);
+            unknown_ = unknown_.empty() ? code.literal : unknown_;
+        }
     } else if (code.escaped) {
         text_.replace(code.begin, text_.npos, unescape_text(text_.substr(code.begin)));
     }
+    if (!code.id.empty()) {
+        codes_[code.id] = text_.substr(code.begin);
+    }
     text_ += code.after;
     open_.pop_back();
+}
+
+i18n::ustring xliff_text::code(std::string const & id, std::string const & given) {
+    if (id.empty() || id == "/") {
+        return i18n::utf8_to_ustring(given);
+    }
+    auto const known = known_.find(id);
+    i18n::ustring const text =
+        given.empty() && known != known_.end() ? known->second : i18n::utf8_to_ustring(given);
+    codes_[id] = text;
+    return text;
 }
 
 void xliff_text::append(std::string_view text) {
