@@ -6,10 +6,13 @@
 #include <fl/i18n/locale.hpp>
 #include <fl/i18n/ustring.hpp>
 
+#include <filesystem>
 #include <iostream>
 #include <map>
 #include <optional>
+#include <stdexcept>
 #include <string>
+#include <system_error>
 #include <variant>
 #include <vector>
 
@@ -67,6 +70,12 @@ std::optional<job> parse(std::vector<std::string> const & arguments) {
     return result.files.size() == 1 || result.files.size() == 2 ? std::optional(result) : std::nullopt;
 }
 
+/// Tells whether two names, in the process encoding, are those of one file. The second may not be there yet.
+bool name_one_file(std::string const & first, std::string const & second) {
+    std::error_code ignored;
+    return std::filesystem::equivalent(to_ustring(first), to_ustring(second), ignored);
+}
+
 void convert(job const & what) {
     auto const input = texts::open(what.files[0], "rb");
     bool const lenient = what.mode != call_back_stop;
@@ -81,6 +90,9 @@ void convert(job const & what) {
     }
     bool const by_lines = texts::has_plain_lines(what.from) && texts::has_plain_lines(what.to);
     texts::reader reader(input.get(), what.from, lenient, by_lines);
+    if (name_one_file(what.files[0], what.files[1])) {
+        throw std::runtime_error("the output is the input");
+    }
     auto const output = texts::open(what.files[1], "wb");
     texts::writer writer(output.get(), what.to, what.mode);
     for (ustring piece = reader.next(); !piece.empty(); piece = reader.next()) {
@@ -118,6 +130,9 @@ int run(std::vector<std::string> const & arguments) {
         return 2;
     }
     convert(*what);
+    if (!std::cout.flush()) {
+        throw std::runtime_error("the text cannot be shown");
+    }
     return 0;
 }
 
