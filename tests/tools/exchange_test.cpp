@@ -351,7 +351,7 @@ std::string const small_catalog = R"(<?xml version="1.0" encoding="UTF-8"?>
 </rsccat>
 )";
 std::string const small_base = R"(<rsccat locale="en"><message><!-- About it --><entry key="a">a {0}</entry>
-<entry key="new">new {name} {0}</entry><entry key="b">b {0,number}</entry><entry key="c">\uD800</entry></message></rsccat>)";
+<entry key="new">new {name} {0}</entry><entry key="b" translate="no">b {0,number}</entry><entry key="c">\uD800</entry></message></rsccat>)";
 
 std::string export_small(exchange_format format, bool is_template = false) {
     catalog const base = read(small_base);
@@ -468,7 +468,7 @@ TEST(Xliff, OfACatalogIsForTranslators) {
     std::string const units1 =
         R"(<trans-unit id="a" resname="a" translate="no"><source>a <ph id="1">{0}</ph></source><target state="translated">A <ph id="1">{0}</ph></target><note> Mine </note><note from="source"> About it </note><x:entry>&lt;entry translate=&quot;no&quot;/&gt;</x:entry></trans-unit>
       <trans-unit id="new" resname="new"><source>new <ph id="1">{name}</ph> <ph id="2">{0}</ph></source></trans-unit>
-      <trans-unit id="b" resname="b"><source>b <ph id="1">{0,number}</ph></source><target state="translated">B <ph id="1">{0,number}</ph></target></trans-unit>
+      <trans-unit id="b" resname="b" translate="no"><source>b <ph id="1">{0,number}</ph></source><target state="translated">B <ph id="1">{0,number}</ph></target></trans-unit>
       <trans-unit id="c" resname="c"><source><ph id="1" ctype="x-character">\uD800</ph></source><target state="translated"></target></trans-unit>)";
     std::string const units2 =
         R"(<unit id="a" name="a" translate="no"><x:entry>&lt;entry translate=&quot;no&quot;/&gt;</x:entry><notes><note> Mine </note><note category="source"> About it </note></notes><segment state="translated"><source>a <ph id="1" equiv="{0}" disp="{0}"/></source><target>A <ph id="1" equiv="{0}" disp="{0}"/></target></segment></unit>

@@ -23,6 +23,16 @@ expect 2 'the name is empty' coverage ''
 expect 3 'the output cannot be written' --help >/dev/full
 expect 3 'cannot write standard output' convert --from UTF-8 --to UTF-16 "$0" >/dev/full
 
+# What was made from an XLIFF file of others becomes only that again; a template has no translations.
+cat >"$work/others.xlf" <<'XML'
+<xliff version="1.2" xmlns="urn:oasis:names:tc:xliff:document:1.2"><file source-language="en"><body><trans-unit id="a"><source>a</source></trans-unit></body></file></xliff>
+XML
+expect 0 '1 messages, 1 untranslated' import "$work/others.xlf" --output "$work/others.xml"
+expect 2 'becomes only that again' export "$work/others.xml" --output "$work/others.po"
+echo '<rsccat><message><entry key="a">a</entry></message></rsccat>' >"$work/own.xml"
+expect 0 '1 messages, 1 untranslated' export "$work/own.xml" --output "$work/own.pot"
+expect 0 '1 messages, 0 untranslated' export "$work/own.xml" --output "$work/own.po"
+
 # A database that breaks off is in use up to there.
 mkdir "$work/database"
 echo '<lcdata><locale name="qq_QQ" encoding="nonsense"/><break/></lcdata>' >"$work/database/lcdata.xml"

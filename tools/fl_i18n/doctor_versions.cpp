@@ -50,6 +50,10 @@ void examine_icu(diagnosis & result) {
     result.facts.push_back({"CLDR", U_SUCCESS(status) ? to_string(data) : "unknown", {}});
 }
 
+std::string boost_version() {
+    return std::to_string(BOOST_VERSION / 100000) + "." + std::to_string(BOOST_VERSION / 100 % 1000);
+}
+
 } // namespace
 
 void examine_versions(diagnosis & result) {
@@ -64,7 +68,7 @@ void examine_versions(diagnosis & result) {
                                   ", older than what the program was compiled with: install " +
                                   to_string(compiled) + " or a later one");
     }
-    result.facts.push_back({"Boost", BOOST_LIB_VERSION, "compiled with"});
+    result.facts.push_back({"Boost", boost_version(), "compiled with"});
 }
 
 } // namespace fl::tool

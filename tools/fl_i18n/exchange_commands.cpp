@@ -96,6 +96,13 @@ void run(export_options const & options) {
         throw command_failure(exit_usage,
                               "the catalog was made from a file of translators and has its own originals");
     }
+    bool const is_xliff =
+        is_foreign(contents, exchange_format::xliff1) || is_foreign(contents, exchange_format::xliff2);
+    if (is_xliff && !is_foreign(contents, *format)) {
+        throw command_failure(exit_usage,
+                              "the catalog was made from an XLIFF file and becomes only that again: "
+                              "name the output .xlf, without --format");
+    }
     if (is_foreign(contents, *format) && settings.is_template) {
         throw command_failure(exit_usage,
                               "the catalog was made from a file of this format and becomes that again, with "
@@ -109,6 +116,10 @@ void run(export_options const & options) {
     for (entry_pair const & pair : pair_entries(contents, settings.base)) {
         counts.messages += pair.entry == nullptr;
         counts.untranslated += pair.entry == nullptr;
+    }
+    if (settings.is_template) {
+        counts.untranslated = counts.messages;
+        counts.fuzzy = 0;
     }
     summarize(options.output, counts);
 }

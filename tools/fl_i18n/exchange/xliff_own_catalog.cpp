@@ -99,6 +99,12 @@ private:
         return version_ == 1 || result.empty() ? result : "<notes>" + result + "</notes>";
     }
 
+    /// Tells whether an entry says that it is not to be translated.
+    static bool is_fixed(catalog_entry const * entry) {
+        auto const * const translate = entry != nullptr ? xml::find(entry->attributes, "translate") : nullptr;
+        return translate != nullptr && translate->value == "no";
+    }
+
     void add(entry_pair const & pair) {
         catalog_entry const & named = pair.entry != nullptr ? *pair.entry : *pair.base;
         i18n::ustring const original = original_text(named, pair.base);
@@ -111,7 +117,6 @@ private:
             renew_source(tag, original);
         }
         std::string state = exchange_text(tag, "target-state").value_or(usual_state(version_, fuzzy));
-        auto const * const translate = xml::find(named.attributes, "translate");
         std::string entry;
         if (!tag.empty()) {
             std::vector<std::string> lines;
@@ -123,7 +128,7 @@ private:
         std::string const id = is_key(named.key) ? named.key : "u-" + std::to_string(count_);
         std::string const unit =
             "id=\"" + id + "\" " + (version_ == 1 ? "resname" : "name") + "=\"" + key + "\"" +
-            (translate != nullptr && translate->value == "no" ? " translate=\"no\"" : "") + ">";
+            (is_fixed(pair.entry) || is_fixed(pair.base) ? " translate=\"no\"" : "") + ">";
         std::string const source = "<source>" + to_xliff_content(original, version_, true) + "</source>";
         std::string const state_mark = " state=\"" + xml::escape(state) + "\"";
         std::string const target = translation
