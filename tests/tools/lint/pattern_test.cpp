@@ -46,7 +46,9 @@ outcome read(i18n::ustring const & text) {
 /// Reads with the parser of the formatter.
 outcome parse(i18n::ustring const & text) {
     UErrorCode status = U_ZERO_ERROR;
-    auto const quoted = icu::MessageFormat::autoQuoteApostrophe(icu::UnicodeString(text), status);
+    auto const length = static_cast<std::int32_t>(text.size());
+    auto const quoted =
+        icu::MessageFormat::autoQuoteApostrophe(icu::UnicodeString(text.data(), length), status);
     icu::MessagePattern parsed(status);
     parsed.parse(quoted, nullptr, status);
     outcome seen{static_cast<bool>(U_SUCCESS(status)), {}};
