@@ -57,3 +57,8 @@ terminal() { # LOCALE ARGUMENT...
 echo '<lcdata><locale name="qq_QQ" encoding="nonsense"/></lcdata>' >"$work/database/lcdata.xml"
 [[ $(terminal qq_QQ lookup fl:i18n:QzLcInvLcName --locale ja_JP) == "ロケール名が無効です。" ]]
 [[ $(terminal fr_FR.ISO-8859-1 lookup fl:i18n:LcRscOpenFileFailure --locale en --arg 's:日é') == *$'?\xE9' ]]
+
+# Long work says on a terminal how far it is, and nothing elsewhere.
+slowly="{ head -c 3000000 /dev/zero; sleep 0.7; head -c 3000000 /dev/zero; } | $(printf '%q' "${program[0]}") convert --from UTF-8 --to UTF-16 --output /dev/null"
+script -qec "$slowly" "$work/typescript" </dev/null | grep -q 'piece [0-9]'
+[[ -z $(bash -c "$slowly" 2>&1) ]]

@@ -24,15 +24,6 @@ struct catalog_files {
     std::string base; ///< the locale to compare with; empty when there is none
 };
 
-std::string language_of(std::string const & locale) {
-    return locale.substr(0, locale.find('_'));
-}
-
-bool is_for_translation(catalog_entry const & entry) {
-    auto const * const translate = xml::find(entry.attributes, "translate");
-    return translate == nullptr || translate->value != "no";
-}
-
 /// Reads a catalog; nothing, and a problem, when the loader refuses it.
 messages read_messages(std::string const & file, std::vector<std::string> & problems) {
     messages result;
@@ -48,12 +39,12 @@ messages read_messages(std::string const & file, std::vector<std::string> & prob
 }
 
 std::string find_base(locale_files const & files, std::string const & wanted) {
-    for (std::string const name : {"en_US_POSIX", "en_US", "en"}) {
-        if (wanted.empty() && files.contains(name)) {
+    for (std::string const & name : base_locales(wanted)) {
+        if (files.contains(name)) {
             return name;
         }
     }
-    return files.contains(wanted) ? wanted : std::string();
+    return {};
 }
 
 coverage_count compare(messages const & base, messages const & translation, bool same_language) {
@@ -64,7 +55,7 @@ coverage_count compare(messages const & base, messages const & translation, bool
         if (found == translation.end()) {
             count.missing_keys.push_back(key);
         } else if (!same_language && found->second.text.units == original.text.units &&
-                   is_for_translation(original) && is_for_translation(found->second) &&
+                   is_translatable(original) && is_translatable(found->second) &&
                    has_words(original.text.units)) {
             ++count.same;
         } else {

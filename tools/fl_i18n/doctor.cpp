@@ -1,11 +1,10 @@
 #include "tools/fl_i18n/doctor.hpp"
 
+#include "foundation/ascii.hpp"
 #include "tools/fl_i18n/console.hpp"
 #include "tools/fl_i18n/files.hpp"
 #include "tools/fl_i18n/locale_facts.hpp"
 
-#include <algorithm>
-#include <cctype>
 #include <fl/filesystem/path.hpp>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/environment.hpp>
@@ -37,12 +36,6 @@ std::string install_path() {
 std::string value_of(variables const & set, char const * name) {
     auto const found = set.find(name);
     return found != set.end() ? found->second : std::string();
-}
-
-std::string to_lower(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
 }
 
 bool is_known_encoding(std::string const & name) {
@@ -93,7 +86,8 @@ void examine_variables(variables const & set, diagnosis & result) {
         result.facts.push_back({name, is_set ? "\"" + set.at(name) + "\"" : "not set", {}});
     }
     std::string const control = value_of(set, "QZLOCALE_L10N_CONTROL");
-    if (!control.empty() && to_lower(control) != "on" && to_lower(control) != "off") {
+    if (!control.empty() && !ascii::equal_ignoring_case(control, "on") &&
+        !ascii::equal_ignoring_case(control, "off")) {
         result.problems.push_back("QZLOCALE_L10N_CONTROL is \"" + control +
                                   "\", which means nothing: set it to on or off, or remove it");
     }

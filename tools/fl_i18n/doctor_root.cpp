@@ -14,8 +14,7 @@ namespace {
 
 /// Tells whether a lookup in a language finds one of these files of its own.
 bool serves(std::set<std::string> const & locales, std::string const & locale) {
-    std::string const language = locale.substr(0, locale.find('_'));
-    return locales.contains(locale) || locales.contains(language);
+    return locales.contains(locale) || locales.contains(language_of(locale));
 }
 
 std::string join(std::set<std::string> const & words) {

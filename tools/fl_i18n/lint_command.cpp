@@ -4,9 +4,9 @@
 #include "tools/fl_i18n/files.hpp"
 #include "tools/fl_i18n/lint/linter.hpp"
 #include "tools/fl_i18n/lint/rules.hpp"
+#include "tools/fl_i18n/locale_facts.hpp"
 
 #include <CLI/CLI.hpp>
-#include <fl/i18n/locale.hpp>
 #include <fl/i18n/ustring.hpp>
 #include <memory>
 #include <string>
@@ -19,15 +19,6 @@ namespace {
 std::string check_rule(std::string const & name) {
     return lint::find_rule(name) != nullptr ? std::string()
                                             : "there is no rule \"" + name + "\"; see --rules";
-}
-
-std::string check_base(std::string const & name) {
-    try {
-        i18n::QzLocale::createLocale(name);
-        return {};
-    } catch (i18n::QzLcInvLcName const &) {
-        return "\"" + name + "\" is no locale name, such as en_US";
-    }
 }
 
 std::string list_rules() {
@@ -71,7 +62,7 @@ void add_lint_command(CLI::App & program, int & status) {
         ->add_option(
             "--base", options->base,
             "Locale to compare the others with; by default en_US_POSIX, en_US or en, as there is one")
-        ->check(check_base)
+        ->check(check_locale_name)
         ->option_text("LOCALE");
     command->add_option("--format", options->format, "Form of the findings: text, json or sarif")
         ->check(CLI::IsMember({"text", "json", "sarif"}))

@@ -112,8 +112,7 @@ std::optional<ustring> pseudo_text(ustring const & message, pseudo_style const &
 std::size_t make_pseudo(catalog & contents, pseudo_style const & style) {
     std::size_t refused = 0;
     for (catalog_entry & entry : contents.entries) {
-        auto const * const translate = xml::find(entry.attributes, "translate");
-        if (translate != nullptr && translate->value == "no") {
+        if (!is_translatable(entry)) {
             continue;
         }
         if (auto text = pseudo_text(entry.text.units, style)) {

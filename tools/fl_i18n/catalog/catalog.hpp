@@ -39,6 +39,9 @@ struct catalog {
     std::string attribute(std::string_view name) const;
 };
 
+/// Tells whether an entry is for translators: its attribute "translate" is not "no".
+bool is_translatable(catalog_entry const & entry);
+
 /// What is wrong with a file.
 struct catalog_fault {
     std::size_t offset = 0;

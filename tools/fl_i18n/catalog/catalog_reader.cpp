@@ -163,6 +163,11 @@ std::string catalog::attribute(std::string_view name) const {
     return found != nullptr ? found->value : std::string();
 }
 
+bool is_translatable(catalog_entry const & entry) {
+    auto const * const given = xml::find(entry.attributes, "translate");
+    return given == nullptr || given->value != "no";
+}
+
 catalog read_catalog(source_text const & source, bool forced_utf8, std::vector<catalog_fault> & faults) {
     catalog_reader reader(faults);
     if (auto const malformed = xml::read(source.bytes(), reader, forced_utf8)) {

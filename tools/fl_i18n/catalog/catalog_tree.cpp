@@ -1,6 +1,7 @@
 #include "tools/fl_i18n/catalog/catalog_tree.hpp"
 
 #include "tools/fl_i18n/files.hpp"
+#include "tools/fl_i18n/split.hpp"
 
 #include <algorithm>
 #include <cstddef>
@@ -17,16 +18,6 @@ constexpr std::string_view extension = ".xml";
 
 /// The component, the locale and the name of the file.
 constexpr std::size_t least_depth = 3;
-
-std::vector<std::string> split(std::string const & name) {
-    std::vector<std::string> elements;
-    for (std::size_t begin = 0; begin <= name.size();) {
-        std::size_t const end = std::min(name.find('/', begin), name.size());
-        elements.push_back(name.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    return elements;
-}
 
 std::string absolute_name(std::string const & path) {
     std::string name = to_name(std::filesystem::absolute(to_path(path)).lexically_normal());
@@ -74,14 +65,14 @@ void place(catalog_file & file, std::vector<std::string> const & elements, std::
 std::vector<catalog_file> find_catalog_files(std::string const & path) {
     bool const whole_directory = is_directory(path);
     std::string const start = absolute_name(path);
-    std::size_t const path_depth = split(start).size();
+    std::size_t const path_depth = split(start, '/').size();
     std::vector<catalog_file> files;
     for (std::string const & name : whole_directory ? files_below(path, extension) : std::vector{path}) {
         catalog_file file;
         file.name = name;
         // What follows the path in the file's name begins with a separator unless the path ends with one.
         std::string const rest = name.substr(path.size());
-        auto const elements = split(start + (rest.empty() || rest.starts_with('/') ? "" : "/") + rest);
+        auto const elements = split(start + (rest.empty() || rest.starts_with('/') ? "" : "/") + rest, '/');
         auto const depth = resources_depth(elements, path_depth, whole_directory);
         if (depth && name.ends_with(extension)) {
             place(file, elements, *depth);
@@ -89,6 +80,14 @@ std::vector<catalog_file> find_catalog_files(std::string const & path) {
         files.push_back(std::move(file));
     }
     return files;
+}
+
+std::string language_of(std::string const & locale) {
+    return locale.substr(0, locale.find_first_of("_-.@"));
+}
+
+std::vector<std::string> base_locales(std::string const & wanted) {
+    return wanted.empty() ? std::vector<std::string>{"en_US_POSIX", "en_US", "en"} : std::vector{wanted};
 }
 
 } // namespace fl::tool

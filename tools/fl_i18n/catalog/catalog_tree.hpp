@@ -21,4 +21,11 @@ struct catalog_file {
 /// directory cannot be read; a file that is named directly need not exist.
 std::vector<catalog_file> find_catalog_files(std::string const & path);
 
+/// Returns the language of a locale name, without territory, encoding and modifier.
+std::string language_of(std::string const & locale);
+
+/// Returns the locales whose texts the others are compared with, the first of which there is one: the one
+/// that is wanted, else "en_US_POSIX", "en_US" and "en".
+std::vector<std::string> base_locales(std::string const & wanted);
+
 } // namespace fl::tool

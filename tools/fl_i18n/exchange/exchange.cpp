@@ -159,16 +159,6 @@ std::string join_lines(std::vector<std::string> const & lines) {
     return text;
 }
 
-std::vector<std::string> split_lines(std::string const & text) {
-    std::vector<std::string> lines;
-    for (std::size_t begin = 0; begin <= text.size();) {
-        std::size_t const end = std::min(text.find('\n', begin), text.size());
-        lines.push_back(text.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    return lines;
-}
-
 exchange_counts count(catalog const & contents) {
     exchange_counts counts;
     for (catalog_entry const & entry : contents.entries) {

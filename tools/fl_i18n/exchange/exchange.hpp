@@ -72,9 +72,8 @@ struct entry_pair {
 /// alone has after the one that precedes them there.
 std::vector<entry_pair> pair_entries(catalog const & contents, catalog const * base);
 
-/// Returns lines as one text, a line feed between two, and such a text's lines.
+/// Returns lines as one text, with a line feed between two.
 std::string join_lines(std::vector<std::string> const & lines);
-std::vector<std::string> split_lines(std::string const & text);
 
 /// Sets an attribute, which keeps its place when it is there.
 void set_attribute(attributes & all, xml::attribute const & value);

@@ -1,5 +1,7 @@
 #include "tools/fl_i18n/exchange/po_catalog.hpp"
 
+#include "tools/fl_i18n/split.hpp"
+
 #include <utility>
 
 namespace fl::tool {
@@ -31,7 +33,7 @@ void add_comments(attributes & to, po_message const & message) {
 void set_comments(po_message & message, attributes const & from) {
     for (std::size_t kind = 0; kind < po_comment_kinds; ++kind) {
         if (auto const text = exchange_text(from, comment_names[kind])) {
-            message.comments[kind] = split_lines(*text);
+            message.comments[kind] = split(*text, '\n');
         }
     }
 }

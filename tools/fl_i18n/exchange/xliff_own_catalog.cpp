@@ -3,6 +3,7 @@
 #include "tools/fl_i18n/exchange/message_key.hpp"
 #include "tools/fl_i18n/exchange/po_embedding.hpp"
 #include "tools/fl_i18n/exchange/xliff_catalog.hpp"
+#include "tools/fl_i18n/split.hpp"
 
 #include <algorithm>
 #include <fl/i18n/ustring.hpp>
@@ -100,10 +101,7 @@ private:
     }
 
     /// Tells whether an entry says that it is not to be translated.
-    static bool is_fixed(catalog_entry const * entry) {
-        auto const * const translate = entry != nullptr ? xml::find(entry->attributes, "translate") : nullptr;
-        return translate != nullptr && translate->value == "no";
-    }
+    static bool is_fixed(catalog_entry const * entry) { return entry != nullptr && !is_translatable(*entry); }
 
     void add(entry_pair const & pair) {
         catalog_entry const & named = pair.entry != nullptr ? *pair.entry : *pair.base;
@@ -180,7 +178,7 @@ catalog_entry make_entry(catalog const & contents, xliff_unit const & unit, int 
         if (fits_comment(note)) {
             entry.comments.push_back(note);
         } else {
-            auto const lines = split_lines(note);
+            auto const lines = split(note, '\n');
             others.insert(others.end(), lines.begin(), lines.end());
         }
     }
@@ -199,7 +197,7 @@ catalog catalog_from_own_xliff(xliff_file const & xliff, std::string const & fil
     for (auto const & [element, number] : xliff.other_elements) {
         left_out.push_back(std::to_string(number) + " \"" + element + "\"");
     }
-    embedded const parts = read_embedded(split_lines(*xliff.catalog_lines));
+    embedded const parts = read_embedded(split(*xliff.catalog_lines, '\n'));
     catalog result;
     result.instructions = parts.instructions;
     result.head_comments = parts.comments;

@@ -47,17 +47,8 @@ base_entry const * base_catalog::find(std::string const & key) const {
     return found == entries_.end() ? nullptr : &found->second;
 }
 
-bool is_translatable(catalog_entry const & entry) {
-    xml::attribute const * const given = xml::find(entry.attributes, "translate");
-    return given == nullptr || given->value != "no";
-}
-
 std::optional<base_catalog> load_base(catalog_file const & file, std::string const & wanted) {
-    std::vector<std::string> locales{"en_US_POSIX", "en_US", "en"};
-    if (!wanted.empty()) {
-        locales = {wanted};
-    }
-    for (std::string const & locale : locales) {
+    for (std::string const & locale : base_locales(wanted)) {
         try {
             bool decoded = false;
             source_text const source(decode_xml(read_file(path_of(file, locale)), decoded));

@@ -37,7 +37,4 @@ private:
 /// when that is empty. Nothing when there is no file that can be read.
 std::optional<base_catalog> load_base(catalog_file const & file, std::string const & wanted);
 
-/// Tells whether an entry is for translators: its attribute "translate" is not "no".
-bool is_translatable(catalog_entry const & entry);
-
 } // namespace fl::tool::lint

@@ -1,9 +1,9 @@
 #include "foundation/ascii.hpp"
 #include "tools/fl_i18n/lint/catalog_rules.hpp"
 #include "tools/fl_i18n/lint/other_files.hpp"
+#include "tools/fl_i18n/locale_facts.hpp"
 
 #include <fl/i18n/catalog_id.hpp>
-#include <fl/i18n/locale.hpp>
 #include <unicode/locid.h>
 
 namespace fl::tool::lint {
@@ -54,11 +54,7 @@ void check_locale_name(catalog_file const & file, file_findings & out) {
 } // namespace
 
 bool is_locale_name(std::string const & name) {
-    try {
-        return !name.empty() && i18n::QzLocale::createLocale(name) != nullptr;
-    } catch (i18n::QzLcInvLcName const &) {
-        return false;
-    }
+    return !name.empty() && tool::check_locale_name(name).empty();
 }
 
 void check_path(catalog_case const & subject, file_findings & out) {

@@ -1,6 +1,7 @@
 #include "tools/fl_i18n/lint/catalog_rules.hpp"
 
 #include "foundation/ascii.hpp"
+#include "tools/fl_i18n/catalog/catalog_tree.hpp"
 #include "tools/fl_i18n/lint/pattern_syntax.hpp"
 
 #include <algorithm>
@@ -8,10 +9,6 @@
 namespace fl::tool::lint {
 
 namespace {
-
-std::string language_of(std::string const & locale) {
-    return ascii::to_lower(std::string_view(locale).substr(0, locale.find_first_of("_-.@")));
-}
 
 /// Tells whether a text is empty because of a fault that is reported.
 bool has_bad_escape(catalog_case const & subject, catalog_entry const & entry) {
@@ -27,7 +24,8 @@ bool holds_letters(placed_text const & text) {
 
 bool is_left_over(catalog_case const & subject, catalog_entry const & entry, base_entry const & base) {
     return entry.text.units == base.text && is_translatable(entry) && base.translatable &&
-           language_of(subject.locale) != language_of(subject.base->locale()) && holds_letters(entry.text);
+           !ascii::equal_ignoring_case(language_of(subject.locale), language_of(subject.base->locale())) &&
+           holds_letters(entry.text);
 }
 
 } // namespace
