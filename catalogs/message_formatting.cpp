@@ -1,3 +1,5 @@
+#include "catalogs/message_formatting.hpp"
+
 #include "catalogs/message_pattern.hpp"
 
 #include <algorithm>
@@ -7,9 +9,14 @@
 
 namespace fl::i18n {
 
+ustring format_message(std::u16string_view message, std::vector<MessageCatalog::Argument> const & args,
+                       std::optional<numeric_format> const & format) {
+    return message_pattern(message).fill(args, format);
+}
+
 ustring MessageCatalog::GetFormattedMessage(ustring const & message, std::vector<Argument> const & args,
                                             std::optional<numeric_format> const & format) {
-    return message_pattern(message).fill(args, format);
+    return format_message(message, args, format);
 }
 
 ustring MessageCatalog::GetFormattedMessage(ustring const & message, std::uint64_t count, ArgumentFiller fill,

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <fl/i18n/message_catalog.hpp>
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace fl::i18n {
+
+/// Returns a message with its holes filled; does what `MessageCatalog::GetFormattedMessage` does.
+ustring format_message(std::u16string_view message, std::vector<MessageCatalog::Argument> const & args = {},
+                       std::optional<numeric_format> const & format = std::nullopt);
+
+} // namespace fl::i18n
