@@ -3,6 +3,7 @@
 #include <array>
 #include <fl/i18n/locale.hpp>
 #include <string>
+#include <string_view>
 
 namespace fl::i18n {
 
@@ -40,14 +41,17 @@ public:
     LcOptData getOptData(LcOptDataType item) const override;
 
     category_records const & records() const noexcept { return records_; }
-
-private:
     category_record const & record(LcCategory category) const { return records_[category_index(category)]; }
 
+private:
     lcmgmt::QzLocaleCtx const & context_;
     category_records records_;
     std::string xpg_name_;
 };
+
+/// Returns `locale.getLcName(category)` without a copy where the locale is one of the library's own: the
+/// view is then of the locale, else of `storage`, which takes the name.
+std::string_view lc_name(QzLocale const & locale, QzLocale::LcCategory category, std::string & storage);
 
 /// Throws `QzLcInvLcName` for a name that is no locale name.
 void check_names(QzLocaleImpl::category_records const & records);
