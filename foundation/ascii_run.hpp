@@ -1,0 +1,142 @@
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstring>
+#include <emmintrin.h>
+
+/// The ASCII text that most texts begin with, sixteen units at a time.
+///
+/// The copying functions may overwrite the units of the destination that follow the run, up to `length`;
+/// nothing beyond `length` is read or written.
+namespace fl {
+
+namespace ascii_detail {
+
+/// Loads 16, 8 or 4 bytes; the others are 0.
+template <std::size_t bytes>
+__m128i load(void const * from) {
+    if constexpr (bytes == 16) {
+        return _mm_loadu_si128(static_cast<__m128i const *>(from));
+    } else if constexpr (bytes == 8) {
+        return _mm_loadl_epi64(static_cast<__m128i const *>(from));
+    } else {
+        int value;
+        std::memcpy(&value, from, sizeof value);
+        return _mm_cvtsi32_si128(value);
+    }
+}
+
+/// Stores the first 16, 8 or 4 bytes.
+template <std::size_t bytes>
+void store(void * to, __m128i value) {
+    if constexpr (bytes == 16) {
+        _mm_storeu_si128(static_cast<__m128i *>(to), value);
+    } else if constexpr (bytes == 8) {
+        _mm_storel_epi64(static_cast<__m128i *>(to), value);
+    } else {
+        int const low = _mm_cvtsi128_si32(value);
+        std::memcpy(to, &low, sizeof low);
+    }
+}
+
+// The work on `count` units, 16, 8 or 4, from a position on; each returns one bit for each unit that is not
+// ASCII.
+
+struct widen {
+    char16_t * to;
+    char const * from;
+    template <std::size_t count>
+    unsigned block(std::size_t at) const {
+        __m128i const bytes = load<count>(from + at);
+        __m128i const zero = _mm_setzero_si128();
+        store<count == 16 ? 16 : 2 * count>(to + at, _mm_unpacklo_epi8(bytes, zero));
+        if constexpr (count == 16) {
+            store<16>(to + at + 8, _mm_unpackhi_epi8(bytes, zero));
+        }
+        return static_cast<unsigned>(_mm_movemask_epi8(bytes));
+    }
+    bool unit(std::size_t at) const {
+        to[at] = static_cast<unsigned char>(from[at]);
+        return to[at] < 0x80;
+    }
+};
+
+struct narrow {
+    char * to;
+    char16_t const * from;
+    template <std::size_t count>
+    unsigned block(std::size_t at) const {
+        __m128i const zero = _mm_setzero_si128();
+        __m128i const low = load < count == 16 ? 16 : 2 * count > (from + at);
+        __m128i const high = count == 16 ? load<16>(from + at + 8) : zero;
+        if (to) {
+            store<count>(to + at, _mm_packus_epi16(low, high));
+        }
+        __m128i const beyond = _mm_set1_epi16(static_cast<short>(0xFF80));
+        __m128i const ascii = _mm_packs_epi16(_mm_cmpeq_epi16(_mm_and_si128(low, beyond), zero),
+                                              _mm_cmpeq_epi16(_mm_and_si128(high, beyond), zero));
+        return static_cast<unsigned>(_mm_movemask_epi8(ascii)) ^ 0xFFFF;
+    }
+    bool unit(std::size_t at) const {
+        if (to) {
+            to[at] = static_cast<char>(from[at]);
+        }
+        return from[at] < 0x80;
+    }
+};
+
+/// Works on a text shorter than two blocks of `count` units, which may overlap.
+template <std::size_t count, class Work>
+std::size_t two_blocks(Work work, std::size_t length) {
+    if (unsigned const others = work.template block<count>(0)) {
+        return static_cast<std::size_t>(std::countr_zero(others));
+    }
+    unsigned const others = work.template block<count>(length - count);
+    return others ? length - count + static_cast<std::size_t>(std::countr_zero(others)) : length;
+}
+
+template <class Work>
+std::size_t run(Work work, std::size_t length) {
+    if (length >= 16) {
+        std::size_t done = 0;
+        for (; length - done >= 16; done += 16) {
+            if (unsigned const others = work.template block<16>(done)) {
+                return done + static_cast<std::size_t>(std::countr_zero(others));
+            }
+        }
+        // The last block may overlap the one before, which is ASCII.
+        unsigned const others = work.template block<16>(length - 16);
+        return others ? length - 16 + static_cast<std::size_t>(std::countr_zero(others)) : length;
+    }
+    if (length >= 8) {
+        return two_blocks<8>(work, length);
+    }
+    if (length >= 4) {
+        return two_blocks<4>(work, length);
+    }
+    std::size_t done = 0;
+    while (done != length && work.unit(done)) {
+        ++done;
+    }
+    return done;
+}
+
+} // namespace ascii_detail
+
+/// Copies the leading ASCII of a narrow text and returns its length.
+inline std::size_t widen_ascii_run(char16_t * to, char const * from, std::size_t length) {
+    return ascii_detail::run(ascii_detail::widen{to, from}, length);
+}
+
+/// Copies the leading ASCII of a UTF-16 text and returns its length.
+inline std::size_t narrow_ascii_run(char * to, char16_t const * from, std::size_t length) {
+    return ascii_detail::run(ascii_detail::narrow{to, from}, length);
+}
+
+/// Returns the length of the leading ASCII of a UTF-16 text.
+inline std::size_t ascii_run_length(char16_t const * text, std::size_t length) {
+    return ascii_detail::run(ascii_detail::narrow{nullptr, text}, length);
+}
+
+} // namespace fl
