@@ -3,6 +3,7 @@
 #include "catalogs/catalog_file_loader.hpp"
 #include "foundation/ascii.hpp"
 #include "foundation/process_singleton.hpp"
+#include "locale/qz_locale_impl.hpp"
 #include "lookup/resource_search.hpp"
 
 #include <algorithm>
@@ -42,7 +43,7 @@ bool has_resources(upath const & directory) {
     return !directory.empty() && filesystem::status(directory / u"resources").is_directory;
 }
 
-resource_search::match find_file(std::vector<upath> const & roots, std::string const & id,
+resource_search::match find_file(std::vector<upath> const & roots, std::string_view id,
                                  QzLocale const & locale, LookupReport * report) {
     auto const directories = search_directories(roots);
     auto const names = resource_search::locale_names(locale, classic_default);
@@ -83,16 +84,14 @@ bool catalog_service::initialise_locked(std::vector<ustring> const & roots) {
     return first;
 }
 
-catalog_service::catalog_pointer catalog_service::get_catalog(std::string const & id, QzLocale const & locale,
+catalog_service::catalog_pointer catalog_service::get_catalog(std::string_view id, QzLocale const & locale,
                                                               LookupReport * report) {
-    std::string const locale_name = locale.getLcName(QzLocale::LcCategory::messages);
-    std::string const key = id + ':' + locale_name;
+    std::string storage;
+    hashed_catalog_key const key(id, lc_name(locale, QzLocale::LcCategory::messages, storage));
     std::lock_guard const lock(mutex_);
     // Nothing is cached before there are roots, so a hit needs no look at them.
-    catalog_pointer catalog = find_cached(key, report);
-    if (!catalog) {
-        catalog = add_catalog(id, locale, locale_name, key, report);
-    }
+    cache_entry const * const cached = find_cached(key, report);
+    catalog_pointer catalog = cached != nullptr ? cached->catalog : add_catalog(key, locale, report);
     if (report != nullptr) {
         std::transform(roots_.begin(), roots_.end(), std::back_inserter(report->roots),
                        [](upath const & root) { return root.string(); });
@@ -100,71 +99,80 @@ catalog_service::catalog_pointer catalog_service::get_catalog(std::string const 
     return catalog;
 }
 
-catalog_service::catalog_pointer catalog_service::find_cached(std::string const & key,
-                                                              LookupReport * report) {
-    auto const position = cache_.find(key);
-    bool const hit = position != cache_.end();
-    if (hit) {
-        ++position->second.hits;
-    }
-    if (report != nullptr) {
-        report->cache_keys.push_back({key, hit, false, hit ? position->second.hits : 0});
-    }
-    return hit ? position->second.catalog : nullptr;
+message_texts catalog_service::get_texts(std::string_view id, QzLocale const & locale) {
+    std::string storage;
+    hashed_catalog_key const key(id, lc_name(locale, QzLocale::LcCategory::messages, storage));
+    std::lock_guard const lock(mutex_);
+    cache_entry const * const cached = find_cached(key, nullptr);
+    return cached != nullptr ? cached->texts : add_catalog(key, locale, nullptr)->texts();
 }
 
-catalog_service::catalog_pointer catalog_service::add_catalog(std::string const & id, QzLocale const & locale,
-                                                              std::string const & locale_name,
-                                                              std::string const & key,
-                                                              LookupReport * report) {
+catalog_service::cache_entry * catalog_service::find_cached(hashed_catalog_key const & key,
+                                                            LookupReport * report) {
+    auto const position = cache_.find(key);
+    cache_entry * const entry = position != cache_.end() ? &position->second : nullptr;
+    if (entry != nullptr) {
+        ++entry->hits;
+    }
+    if (report != nullptr) {
+        report->cache_keys.push_back(
+            {key.joined(), entry != nullptr, false, entry != nullptr ? entry->hits : 0});
+    }
+    return entry;
+}
+
+catalog_service::catalog_pointer
+catalog_service::add_catalog(hashed_catalog_key const & key, QzLocale const & locale, LookupReport * report) {
     if (roots_.empty()) {
         initialise_locked({install_path_().string()});
     }
     if (report != nullptr) {
         report->step = LookupStep::find_file;
     }
-    auto const found = find_file(roots_, id, locale, report);
+    auto const found = find_file(roots_, key.id, locale, report);
     std::string const found_locale = ascii::narrow(found.locale_name);
-    std::vector<std::string> keys{key};
-    if (!found.path.empty() && found_locale != locale_name) {
-        std::string const found_key = id + ':' + found_locale;
-        if (catalog_pointer const cached = find_cached(found_key, report)) {
-            store(keys, cached, report);
-            return cached;
+    hashed_catalog_key const found_key(key.id, found_locale);
+    bool const found_for_other = !found.path.empty() && found_locale != key.locale;
+    if (found_for_other) {
+        if (cache_entry const * const cached = find_cached(found_key, report)) {
+            catalog_pointer catalog = cached->catalog;
+            store({key}, catalog, report);
+            return catalog;
         }
-        keys.push_back(found_key);
     }
-    auto const catalog =
-        boost::make_shared<MessageCatalogImpl>(id, found.path, classic_default, found_locale);
+    auto const catalog = boost::make_shared<MessageCatalogImpl>(std::string(key.id), found.path,
+                                                                classic_default, found_locale);
     if (!found.path.empty()) {
         XMLCatalogFileLoader loader;
-        catalog->load(loader);
+        catalog->load(loader, pool_);
     }
-    store(keys, catalog, report);
+    if (found_for_other) {
+        store({key, found_key}, catalog, report);
+    } else {
+        store({key}, catalog, report);
+    }
     return catalog;
 }
 
-// All keys or none: once the room is there the nodes are moved, which cannot fail.
-void catalog_service::store(std::vector<std::string> const & keys, catalog_pointer const & catalog,
+// All keys or none: once the room is there nothing is left that can fail.
+void catalog_service::store(std::initializer_list<catalog_key> keys, catalog_pointer const & catalog,
                             LookupReport * report) {
-    cache added;
-    for (auto const & key : keys) {
-        added.emplace(key, cache_entry{catalog});
-    }
-    cache_.reserve(cache_.size() + added.size());
-    cache_.merge(added);
+    std::vector<stored_catalog_key> stored(keys.begin(), keys.end());
     if (report != nullptr) {
         for (auto & consulted : report->cache_keys) {
-            consulted.stored = std::find(keys.begin(), keys.end(), consulted.key) != keys.end();
+            consulted.stored = std::any_of(keys.begin(), keys.end(),
+                                           [&](catalog_key const & key) { return key.is(consulted.key); });
         }
+    }
+    cache_.reserve(cache_.size() + stored.size());
+    for (auto & key : stored) {
+        cache_.try_emplace(std::move(key), cache_entry{catalog, catalog->texts()});
     }
 }
 
 void catalog_service::flush(std::string_view id) {
-    erase_if(cache_, [id](cache::value_type const & entry) {
-        std::string_view const key = entry.first;
-        return key.substr(0, key.rfind(':')) == id;
-    });
+    erase_if(cache_,
+             [id](cache::value_type const & entry) { return catalog_key(entry.first.text()).id == id; });
 }
 
 void catalog_service::set_additional_locations(std::vector<ustring> const & locations) {

@@ -1,15 +1,16 @@
 #pragma once
 
+#include "catalogs/catalog_key.hpp"
 #include "catalogs/message_catalog_impl.hpp"
+#include "foundation/spinning_mutex.hpp"
 
 #include <boost/smart_ptr/shared_ptr.hpp>
-#include <boost/unordered_map.hpp>
+#include <boost/unordered/unordered_flat_map.hpp>
 #include <cstdint>
 #include <fl/filesystem/path.hpp>
 #include <fl/i18n/locale.hpp>
 #include <fl/i18n/lookup_report.hpp>
 #include <functional>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,8 +30,10 @@ public:
 
     bool initialise(std::vector<ustring> const & roots);
     /// Writes what it does into `report`, if there is one.
-    catalog_pointer get_catalog(std::string const & id, QzLocale const & locale,
+    catalog_pointer get_catalog(std::string_view id, QzLocale const & locale,
                                 LookupReport * report = nullptr);
+    /// Returns the texts of the same catalog, which are valid until it is flushed.
+    message_texts get_texts(std::string_view id, QzLocale const & locale);
     /// Takes no lock.
     void flush(std::string_view id);
     void set_additional_locations(std::vector<ustring> const & locations);
@@ -39,23 +42,26 @@ public:
 private:
     struct cache_entry {
         catalog_pointer catalog;
+        message_texts texts;
         std::uint64_t hits = 0;
     };
-    using cache = boost::unordered_map<std::string, cache_entry>;
+    using cache =
+        boost::unordered_flat_map<stored_catalog_key, cache_entry, catalog_key_hash, catalog_key_equal>;
     enum class removal { done, no_path, no_resources, not_listed };
 
     bool initialise_locked(std::vector<ustring> const & roots);
-    catalog_pointer find_cached(std::string const & key, LookupReport * report);
-    catalog_pointer add_catalog(std::string const & id, QzLocale const & locale,
-                                std::string const & locale_name, std::string const & key,
+    cache_entry * find_cached(hashed_catalog_key const & key, LookupReport * report);
+    catalog_pointer add_catalog(hashed_catalog_key const & key, QzLocale const & locale,
                                 LookupReport * report);
-    void store(std::vector<std::string> const & keys, catalog_pointer const & catalog, LookupReport * report);
+    void store(std::initializer_list<catalog_key> keys, catalog_pointer const & catalog,
+               LookupReport * report);
     removal try_to_remove(ustring const & location);
 
     std::function<filesystem::upath()> install_path_;
-    std::mutex mutex_;
+    spinning_mutex mutex_;
     std::vector<filesystem::upath> roots_;
     std::vector<filesystem::upath> additional_locations_;
+    message_pool pool_;
     cache cache_;
 };
 

@@ -2,37 +2,61 @@
 
 #include "foundation/ascii.hpp"
 
-#include <algorithm>
+#include <array>
 
 namespace fl::i18n::detail {
 
 namespace {
 
-bool may_begin_token(char c) {
-    return ascii::is_letter(c) || c == '_';
-}
+enum class kind : unsigned char { other, begins_token, continues_token, colon };
 
-bool is_token(std::string_view text) {
-    return !text.empty() && may_begin_token(text.front()) &&
-           std::all_of(text.begin(), text.end(),
-                       [](char c) { return may_begin_token(c) || ascii::is_digit(c); });
-}
+constexpr std::array<kind, 256> kinds = [] {
+    std::array<kind, 256> table{};
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        auto const c = static_cast<char>(i);
+        table[i] = ascii::is_letter(c) || c == '_' ? kind::begins_token
+                   : ascii::is_digit(c)            ? kind::continues_token
+                   : c == ':'                      ? kind::colon
+                                                   : kind::other;
+    }
+    return table;
+}();
 
 } // namespace
 
 bool is_identifier(std::string_view text) {
-    auto colon = text.find(':');
-    if (colon == text.npos) {
-        return false;
-    }
-    while (colon != text.npos) {
-        if (!is_token(text.substr(0, colon))) {
+    bool has_colon = false;
+    bool in_token = false;
+    for (char const c : text) {
+        switch (kinds[static_cast<unsigned char>(c)]) {
+        case kind::begins_token:
+            in_token = true;
+            break;
+        case kind::continues_token:
+            if (!in_token) {
+                return false;
+            }
+            break;
+        case kind::colon:
+            if (!in_token) {
+                return false;
+            }
+            has_colon = true;
+            in_token = false;
+            break;
+        case kind::other:
             return false;
         }
-        text.remove_prefix(colon + 1);
-        colon = text.find(':');
     }
-    return is_token(text);
+    return has_colon && in_token;
+}
+
+std::optional<message_id_parts> split_message_id(std::string_view text) {
+    auto const colon = text.rfind(':');
+    if (!is_identifier(text) || text.find(':') == colon) {
+        return std::nullopt;
+    }
+    return message_id_parts{text.substr(0, colon), text.substr(colon + 1)};
 }
 
 } // namespace fl::i18n::detail

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 namespace fl::i18n::detail {
@@ -8,5 +9,14 @@ namespace fl::i18n::detail {
 ///
 /// A token begins with an ASCII letter or "_" and goes on with letters, digits and "_".
 bool is_identifier(std::string_view text);
+
+/// A message identifier in its two parts.
+struct message_id_parts {
+    std::string_view catalog;
+    std::string_view key;
+};
+
+/// Returns the parts of an identifier of at least three tokens; nothing for any other text.
+std::optional<message_id_parts> split_message_id(std::string_view text);
 
 } // namespace fl::i18n::detail

@@ -1,6 +1,9 @@
 #include <fl/i18n/message_catalog.hpp>
 
 #include "catalogs/catalog_service.hpp"
+#include "catalogs/identifier_access.hpp"
+#include "catalogs/identifier_syntax.hpp"
+#include "catalogs/message_formatting.hpp"
 
 #include <boost/throw_exception.hpp>
 #include <fl/i18n/catalog_config.hpp>
@@ -9,6 +12,16 @@ namespace fl::i18n {
 
 using resource_core::BaseCatalogID;
 using resource_core::BaseMsgID;
+
+namespace {
+
+ustring localised(detail::message_id_parts const & id, QzLocale const & locale,
+                  std::optional<numeric_format> const & format = std::nullopt) {
+    message_texts const texts = process_catalog_service().get_texts(id.catalog, locale);
+    return format_message(find_text(texts, id.catalog, id.key), {}, format);
+}
+
+} // namespace
 
 MessageCatalog::MessageCatalog() = default;
 
@@ -72,9 +85,11 @@ boost::shared_ptr<MessageCatalog const> MessageCatalog::openCatalog(BaseCatalogI
 
 ustring MessageCatalog::get_message(BaseMsgID const & id, QzLocale const & locale,
                                     std::optional<numeric_format> const & format) {
-    MessageID const message_id(id.getCompositeID());
-    auto const catalog = process_catalog_service().get_catalog(message_id.getCatalogID(), locale);
-    return GetFormattedMessage(catalog->text(message_id.getMsgKey()), {}, format);
+    auto const parts = detail::split_message_id(detail::identifier_access::text(id));
+    if (!parts) {
+        boost::throw_exception(MessageID::badMessageIDException());
+    }
+    return localised(*parts, locale, format);
 }
 
 ustring MessageCatalog::get_message(BaseMsgID const & id) {
@@ -82,8 +97,7 @@ ustring MessageCatalog::get_message(BaseMsgID const & id) {
 }
 
 ustring MessageCatalog::get_message(MessageID const & id, QzLocale const & locale) {
-    // Not through a `CatalogID`: an identifier joined from an empty one has no valid catalog part.
-    return process_catalog_service().get_catalog(id.getCatalogID(), locale)->message(id);
+    return localised(detail::identifier_access::parts(id), locale);
 }
 
 ustring MessageCatalog::get_message(MessageID const & id) {

@@ -1,5 +1,8 @@
 #include "catalogs/message_catalog_impl.hpp"
 
+#include "catalogs/identifier_access.hpp"
+#include "catalogs/message_formatting.hpp"
+
 #include <boost/throw_exception.hpp>
 #include <utility>
 
@@ -13,32 +16,38 @@ MessageCatalogImpl::MessageCatalogImpl(std::string id, filesystem::upath path, b
     , locale_(std::move(locale)) {}
 
 ustring MessageCatalogImpl::message(MessageID const & id) const {
-    if (id.getCatalogID() != id_) {
-        boost::throw_exception(MessageNotFound(id_, id.getMsgKey()));
+    auto const [catalog, key] = detail::identifier_access::parts(id);
+    if (catalog != id_) {
+        boost::throw_exception(MessageNotFound(id_, std::string(key)));
     }
-    return GetFormattedMessage(text(id.getMsgKey()), {});
+    return format_message(find_text(texts(), id_, key));
 }
 
 ustring MessageCatalogImpl::text(std::string const & key) const {
-    if (!store_) {
-        boost::throw_exception(MessageCatalogLoadFailed(id_));
-    }
-    icu::UnicodeString const * const found = store_->find(key);
-    if (found == nullptr) {
-        boost::throw_exception(MessageNotFound(id_, key));
-    }
-    return {found->getBuffer(), static_cast<std::size_t>(found->length())};
+    return ustring(find_text(texts(), id_, key));
 }
 
 std::vector<std::string> MessageCatalogImpl::keys() const {
     return store_ ? store_->keys() : std::vector<std::string>();
 }
 
-void MessageCatalogImpl::load(MessageCatalogFileLoader & loader) {
+void MessageCatalogImpl::load(MessageCatalogFileLoader & loader, message_pool & pool) {
     auto store = std::make_shared<XMLCatalogDataStore>();
     if (loader.load(path_, store)) {
+        store->seal(pool);
         store_ = std::move(store);
     }
+}
+
+std::u16string_view find_text(message_texts texts, std::string_view catalog, std::string_view key) {
+    if (!texts) {
+        boost::throw_exception(MessageCatalog::MessageCatalogLoadFailed(std::string(catalog)));
+    }
+    auto const found = texts.find(key);
+    if (!found) {
+        boost::throw_exception(MessageCatalog::MessageNotFound(std::string(catalog), std::string(key)));
+    }
+    return *found;
 }
 
 } // namespace fl::i18n

@@ -6,6 +6,7 @@
 #include <fl/filesystem/path.hpp>
 #include <fl/i18n/message_catalog.hpp>
 #include <memory>
+#include <string_view>
 
 namespace fl::i18n {
 
@@ -20,8 +21,12 @@ public:
     ustring text(std::string const & key) const override;
     std::vector<std::string> keys() const override;
 
-    /// Loads the file, before the catalog is shared. A file that is not valid leaves the catalog not loaded.
-    void load(MessageCatalogFileLoader & loader);
+    /// Returns the texts, valid while the catalog lives; there is no store behind them when it is not loaded.
+    message_texts texts() const { return store_ ? store_->texts() : message_texts(); }
+
+    /// Loads the file into memory of the pool, before the catalog is shared. A file that is not valid leaves
+    /// the catalog not loaded.
+    void load(MessageCatalogFileLoader & loader, message_pool & pool);
 
     filesystem::upath const & path() const { return path_; }
     bool classic_default() const { return classic_default_; }
@@ -35,5 +40,9 @@ private:
     std::string locale_;
     std::shared_ptr<XMLCatalogDataStore const> store_;
 };
+
+/// Returns the text of a key among a catalog's texts; throws `MessageCatalog::MessageCatalogLoadFailed` when
+/// the catalog is not loaded, and `MessageCatalog::MessageNotFound`.
+std::u16string_view find_text(message_texts texts, std::string_view catalog, std::string_view key);
 
 } // namespace fl::i18n

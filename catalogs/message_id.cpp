@@ -58,16 +58,14 @@ std::string MessageID::getMsgKey() const {
 
 bool MessageID::extractIDComponents(std::string const & compositeId) {
     auto const colon = compositeId.rfind(':');
-    if (colon == std::string::npos) {
+    std::string catalog = compositeId.substr(0, colon);
+    // What stands before the last colon of an identifier is one, too, when it has a colon itself.
+    if (!catalog_.extractIDComponents(catalog, catalog_.component_name_, catalog_.sub_components_names_)) {
         return false;
     }
-    try {
-        catalog_.setCatalogID(compositeId.substr(0, colon));
-    } catch (CatalogID::badCatalogIDException const &) {
-        return false;
-    }
+    catalog_.catalog_id_ = std::move(catalog);
     message_key_ = compositeId.substr(colon + 1);
-    return !message_key_.empty();
+    return true;
 }
 
 } // namespace fl::i18n

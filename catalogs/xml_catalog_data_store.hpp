@@ -1,8 +1,13 @@
 #pragma once
 
-#include <boost/unordered_map.hpp>
+#include "catalogs/message_pool.hpp"
+#include "catalogs/message_texts.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <string>
-#include <unicode/unistr.h>
+#include <string_view>
 #include <vector>
 
 namespace fl::i18n {
@@ -10,20 +15,35 @@ namespace fl::i18n {
 /// The texts of one catalog, by message key. Filled once, then only read.
 class XMLCatalogDataStore {
 public:
+    XMLCatalogDataStore();
+    XMLCatalogDataStore(XMLCatalogDataStore const &) = delete;
+    XMLCatalogDataStore & operator=(XMLCatalogDataStore const &) = delete;
+
     /// Adds a UTF-8 text with its backslash escapes replaced; a key that is present keeps its first text.
     ///
-    /// A malformed escape makes the text empty. Returns false when the text cannot be held: no memory for it,
-    /// or more than 2147483647 units.
-    virtual bool add(std::string const & key, std::string const & text);
+    /// A malformed escape makes the text empty. Returns false when the text cannot be held: more than
+    /// 2147483647 units, or more than 8 GiB with all others. Throws `std::bad_alloc`. The store is then
+    /// unchanged.
+    virtual bool add(std::string_view key, std::string_view text);
     virtual ~XMLCatalogDataStore();
 
-    /// Returns the text of a key, or null. The pointer is valid while the store lives and nothing is added.
-    icu::UnicodeString const * find(std::string const & key) const;
+    /// Returns the texts as a view, which is what look-ups go through.
+    message_texts texts() const { return texts_; }
     /// Returns all keys, in no order.
     std::vector<std::string> keys() const;
 
+    /// Moves all into exactly the memory that it takes, once it is complete: nothing can be added afterwards.
+    void seal(message_pool & pool);
+
 private:
-    boost::unordered_map<std::string, icu::UnicodeString> texts_;
+    bool append(std::string_view key, std::uint32_t hash, std::string_view text);
+    void grow();
+
+    std::vector<char16_t> units_;
+    std::vector<message_slot> slots_;
+    std::size_t count_ = 0;
+    std::shared_ptr<void> sealed_;
+    message_texts texts_;
 };
 
 } // namespace fl::i18n

@@ -4,6 +4,10 @@
 
 #include <string>
 
+namespace fl::i18n::detail {
+struct identifier_access;
+}
+
 /// Identifier carriers of the resource-core library: texts that are checked where they are used.
 namespace resource_core {
 
@@ -30,6 +34,8 @@ public:
     std::string getCompositeID() const;
 
 private:
+    friend struct fl::i18n::detail::identifier_access;
+
     std::string id_;
 };
 

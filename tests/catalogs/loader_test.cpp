@@ -1,12 +1,14 @@
 #include "catalogs/catalog_event_handler.hpp"
 #include "catalogs/catalog_file_loader.hpp"
 #include "catalogs/catalog_map_event_handler.hpp"
+#include "foundation/ascii.hpp"
 #include "tests/support/temporary_directory.hpp"
 
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
 #include <optional>
+#include <random>
 #include <stdexcept>
 #include <string>
 
@@ -23,8 +25,7 @@ std::optional<texts> load(filesystem::upath const & path) {
     }
     texts result;
     for (auto const & key : store->keys()) {
-        auto const & text = *store->find(key);
-        result[key] = ustring(text.getBuffer(), static_cast<std::size_t>(text.length()));
+        result[key] = ustring(store->texts().find(key).value());
     }
     return result;
 }
@@ -155,7 +156,7 @@ TEST(CatalogHandler, StoresANestedEntryBeforeItFails) {
     EXPECT_TRUE(handler.end_element("entry"));
     EXPECT_FALSE(handler.end_element("entry"));
     ASSERT_EQ(store.keys(), std::vector<std::string>{"inner"});
-    EXPECT_TRUE(*store.find("inner") == u"one two");
+    EXPECT_EQ(store.texts().find("inner"), u"one two");
 }
 
 /// A store that cannot hold anything.
@@ -163,7 +164,7 @@ class full_store final : public XMLCatalogDataStore {
 public:
     explicit full_store(bool throws)
         : throws_(throws) {}
-    bool add(std::string const &, std::string const &) override {
+    bool add(std::string_view, std::string_view) override {
         return throws_ ? throw std::length_error("full") : false;
     }
 
@@ -179,16 +180,28 @@ TEST(CatalogLoader, FailsWhenATextCannotBeHeld) {
     EXPECT_THROW(XMLCatalogFileLoader().load(path, std::make_shared<full_store>(true)), std::length_error);
 }
 
-TEST(CatalogStore, KeepsTextsWithoutSpareRoom) {
+TEST(CatalogStore, KeepsTheFirstTextOfEachKey) {
+    std::map<std::string, ustring> expected;
     XMLCatalogDataStore store;
-    std::string text;
-    for (int i = 0; i < 1000; ++i) {
-        text += "\xE3\x81\x82";
+    std::mt19937 random(5489);
+    for (unsigned i = 0; i < 3000; ++i) {
+        std::string key;
+        while (random() % 4 != 0) {
+            key += "ab\xE9:"[random() % 4];
+        }
+        std::string const number = std::to_string(i);
+        EXPECT_TRUE(store.add(key, i % 5 == 0 ? "\\t" + number : number + "\xE3\x81\x82"));
+        expected.emplace(key, i % 5 == 0 ? u'\t' + ascii::widen(number) : ascii::widen(number) + u'\u3042');
     }
-    EXPECT_TRUE(store.add("a", text));
-    EXPECT_EQ(store.find("a")->length(), 1000);
-    EXPECT_LE(store.find("a")->getCapacity(), 1016);
-    EXPECT_EQ(store.find("A"), nullptr);
+    ASSERT_GT(expected.size(), 300u);
+    message_pool pool;
+    store.seal(pool);
+    EXPECT_EQ(store.keys().size(), expected.size());
+    for (auto const & [key, text] : expected) {
+        EXPECT_EQ(store.texts().find(key), text) << key;
+        EXPECT_EQ(store.texts().find(key + '\0'), std::nullopt) << key;
+    }
+    EXPECT_EQ(XMLCatalogDataStore().texts().find(""), std::nullopt);
 }
 
 TEST(MessageText, IsJoinedFromItsLines) {

@@ -7,6 +7,10 @@
 
 namespace fl::i18n {
 
+namespace detail {
+struct identifier_access;
+}
+
 /// Identifies a message catalog by at least two tokens with colons between them, such as "fl:i18n".
 ///
 /// A token is made of ASCII letters, digits and "_" and does not begin with a digit. A value is either
@@ -37,6 +41,9 @@ public:
     std::string getSubComponentsNames() const;
 
 private:
+    friend class MessageID;
+    friend struct detail::identifier_access;
+
     bool extractIDComponents(std::string const & id, std::string & component, std::string & subcomponents);
 
     static char const * const badCatException_;
@@ -78,6 +85,8 @@ public:
     std::string getMsgKey() const;
 
 private:
+    friend struct detail::identifier_access;
+
     bool extractIDComponents(std::string const & compositeId);
 
     static char const * const badMsgException_;
