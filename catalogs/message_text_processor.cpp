@@ -1,23 +1,34 @@
 #include "catalogs/message_text_processor.hpp"
 
-#include <string_view>
+#include <algorithm>
 #include <utility>
 
 namespace fl::i18n::detail {
 
 namespace {
 
-constexpr std::string_view white_space = " \t\v\n\r\f";
-constexpr std::string_view line_breaks = "\n\f\r";
+constexpr bool is_white_space(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
 
 void trim(std::string & text) {
-    text.erase(text.find_last_not_of(white_space) + 1);
-    text.erase(0, text.find_first_not_of(white_space));
+    while (!text.empty() && is_white_space(text.back())) {
+        text.pop_back();
+    }
+    if (!text.empty() && is_white_space(text.front())) {
+        auto const begin =
+            std::find_if_not(text.begin(), text.end(), [](char c) { return is_white_space(c); });
+        text.erase(text.begin(), begin);
+    }
+}
+
+bool has_line_break(std::string_view text) {
+    return text.find('\n') != text.npos || text.find('\f') != text.npos || text.find('\r') != text.npos;
 }
 
 } // namespace
 
-void MessageCatalogTextProcessor::add_chunk(std::string const & chunk) {
+void MessageCatalogTextProcessor::add_chunk(std::string_view chunk) {
     if (chunk.empty()) {
         return;
     }
@@ -25,7 +36,7 @@ void MessageCatalogTextProcessor::add_chunk(std::string const & chunk) {
         complete_line();
     }
     pending_line_ += chunk;
-    line_is_complete_ = chunk.find_first_of(line_breaks) != std::string::npos;
+    line_is_complete_ = has_line_break(chunk);
 }
 
 std::string MessageCatalogTextProcessor::extract_complete_message() {
@@ -35,9 +46,11 @@ std::string MessageCatalogTextProcessor::extract_complete_message() {
 
 void MessageCatalogTextProcessor::complete_line() {
     trim(pending_line_);
-    completed_ += ' ';
-    completed_ += pending_line_;
-    trim(completed_);
+    if (completed_.empty()) {
+        completed_.swap(pending_line_);
+    } else if (!pending_line_.empty()) {
+        (completed_ += ' ') += pending_line_;
+    }
     pending_line_.clear();
     line_is_complete_ = false;
 }

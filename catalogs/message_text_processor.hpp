@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace fl::i18n::detail {
 
@@ -10,7 +11,7 @@ namespace fl::i18n::detail {
 /// The text comes in chunks, however the XML parser splits it; a line break is always the end of a chunk.
 class MessageCatalogTextProcessor {
 public:
-    void add_chunk(std::string const & chunk);
+    void add_chunk(std::string_view chunk);
     /// Returns the text of all chunks since the last call.
     std::string extract_complete_message();
 

@@ -18,20 +18,20 @@ constexpr std::size_t most_text_units = std::numeric_limits<std::int32_t>::max()
 
 /// Replaces the escapes of a text in its place, where the result always fits. Returns its new length, or
 /// nothing without memory.
-std::optional<std::size_t> unescape(char16_t * text, std::size_t length) {
+std::optional<std::uint32_t> unescape(char16_t * text, std::size_t length) {
     auto const unescaped = icu::UnicodeString(false, text, static_cast<std::int32_t>(length)).unescape();
     if (unescaped.isBogus()) {
         return std::nullopt;
     }
-    auto const new_length = static_cast<std::size_t>(unescaped.length());
+    auto const new_length = static_cast<std::uint32_t>(unescaped.length());
     std::memcpy(text, unescaped.getBuffer(), new_length * sizeof(char16_t));
     return new_length;
 }
 
 /// Writes a text as UTF-16, with its escapes replaced, where there is room for one unit for each of its
 /// bytes.
-std::optional<std::size_t> write_text(char16_t * destination, std::string_view text) {
-    std::size_t const length = decode_utf8(destination, text);
+std::optional<std::uint32_t> write_text(char16_t * destination, std::string_view text) {
+    auto const length = static_cast<std::uint32_t>(decode_utf8(destination, text));
     return text.find('\\') == text.npos ? length : unescape(destination, length);
 }
 
@@ -47,37 +47,39 @@ bool XMLCatalogDataStore::add(std::string_view key, std::string_view text) {
     if (text.size() > most_text_units || key.size() > most_text_units) {
         return false;
     }
-    std::uint32_t const hash = message_texts::hash(key);
-    if (!slots_[texts_.find_slot(key, hash)].is_free()) {
-        return true;
-    }
     if (count_ + 1 > slots_.size() / 4 * 3) {
         grow();
     }
-    std::size_t const begin = units_.size();
-    bool const added = begin <= std::numeric_limits<std::uint32_t>::max() && append(key, hash, text);
-    if (!added) {
-        units_.resize(begin);
+    std::uint32_t const hash = message_texts::hash(key);
+    message_slot & slot = slots_[texts_.find_slot(key, hash)];
+    if (!slot.is_free()) {
+        return true;
     }
-    return added;
+    std::size_t const begin = units_.size();
+    auto const text_units = append(key, text);
+    if (!text_units) {
+        units_.resize(begin);
+        return false;
+    }
+    slot = {hash, static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(key.size()), *text_units};
+    ++count_;
+    return true;
 }
 
-bool XMLCatalogDataStore::append(std::string_view key, std::uint32_t hash, std::string_view text) {
+std::optional<std::uint32_t> XMLCatalogDataStore::append(std::string_view key, std::string_view text) {
     std::size_t const begin = units_.size();
+    if (begin > std::numeric_limits<std::uint32_t>::max()) {
+        return std::nullopt;
+    }
     std::size_t const text_begin = begin + (key.size() + 1) / sizeof(char16_t);
     units_.resize(text_begin + text.size());
     texts_ = {units_.data(), slots_};
     std::memcpy(units_.data() + begin, key.data(), key.size());
     auto const length = write_text(units_.data() + text_begin, text);
-    if (!length) {
-        return false;
+    if (length) {
+        units_.resize(text_begin + *length);
     }
-    units_.resize(text_begin + *length);
-    slots_[texts_.find_slot(key, hash)] = {hash, static_cast<std::uint32_t>(begin),
-                                           static_cast<std::uint32_t>(key.size()),
-                                           static_cast<std::uint32_t>(*length)};
-    ++count_;
-    return true;
+    return length;
 }
 
 void XMLCatalogDataStore::grow() {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,7 +37,8 @@ public:
     void seal(message_pool & pool);
 
 private:
-    bool append(std::string_view key, std::uint32_t hash, std::string_view text);
+    /// Appends a key and its text to the units and returns the text's length; nothing when it cannot be held.
+    std::optional<std::uint32_t> append(std::string_view key, std::string_view text);
     void grow();
 
     std::vector<char16_t> units_;
