@@ -2,6 +2,7 @@
 
 #include "foundation/process_singleton.hpp"
 
+#include <atomic>
 #include <boost/throw_exception.hpp>
 #include <memory>
 #include <mutex>
@@ -14,6 +15,9 @@ namespace {
 
 constinit process_singleton<ConfigurationManager> process_registry;
 constinit ConfigurationManager::ConfigErrorCategory const category{};
+/// Whether the one registry has a provider of the numeric format: doubles ask for it far more often than
+/// there is one.
+constinit std::atomic<bool> has_double_format = false;
 
 [[noreturn]] void throw_not_found() {
     boost::throw_exception(std::runtime_error("Configuration not found"));
@@ -44,6 +48,9 @@ std::error_code ConfigurationManager::Set(ConfigKind kind, Config config) {
     }
     std::unique_lock const lock(mutex_);
     bool const added = configs_.try_emplace(kind, std::move(config)).second;
+    if (kind == ConfigKind::double_format) {
+        has_double_format.store(true, std::memory_order_release);
+    }
     return added ? ConfigError::success : ConfigError::already_exists;
 }
 
@@ -70,6 +77,9 @@ std::optional<CriticalMessageCatalog> ConfigurationManager::FindCriticalCatalogs
 }
 
 std::optional<DoubleFormatProvider> ConfigurationManager::FindDoubleFormat() const {
+    if (!has_double_format.load(std::memory_order_acquire)) {
+        return std::nullopt;
+    }
     return as<DoubleFormatProvider>(find(ConfigKind::double_format));
 }
 

@@ -1,91 +1,144 @@
 #include "catalogs/double_formats.hpp"
 
-#include "catalogs/icu_check.hpp"
-#include "foundation/process_singleton.hpp"
+#include "catalogs/decimal_number.hpp"
 
-#include <memory>
-#include <optional>
-#include <unicode/numberformatter.h>
-#include <unordered_map>
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <fl/i18n/catalog_config.hpp>
+#include <string_view>
 
 namespace fl::i18n {
 
 namespace {
 
-using icu::number::LocalizedNumberFormatter;
-using icu::number::Notation;
-using icu::number::Precision;
+/// How a number is rounded and laid out.
+struct layout {
+    int exponent_step;          ///< 0 for no exponent; otherwise exponents are multiples of it
+    int fraction_digits;        ///< rounded to so many digits after the point,
+    int significant_digits;     ///< or to so many digits, if not 0 and if that keeps more of them
+    int min_fraction_digits;    ///< zeros fill up to so many digits after the point,
+    int min_significant_digits; ///< and to so many digits
+};
 
-icu::UnicodeString write(double value, LocalizedNumberFormatter const & formatter) {
-    UErrorCode status = U_ZERO_ERROR;
-    auto text = formatter.formatDouble(value, status).toString(status);
-    check_format(status, text);
-    return text;
+constexpr layout fixed(int exponent_step, int fraction_digits) {
+    return {exponent_step, fraction_digits, 0, fraction_digits, 0};
 }
 
-/// A way to write doubles; with an alternative the shorter text is taken, and of equal ones the
-/// alternative's.
-struct double_format {
-    LocalizedNumberFormatter formatter;
-    std::optional<LocalizedNumberFormatter> alternative;
+constexpr layout at_most(int exponent_step, int digits, int significant_digits = 0) {
+    return {exponent_step, digits, significant_digits, 0, 0};
+}
 
-    icu::UnicodeString operator()(double value) const {
-        auto text = write(value, formatter);
-        if (alternative) {
-            auto other = write(value, *alternative);
-            if (other.length() <= text.length()) {
-                return other;
-            }
+char16_t * write(std::u16string_view text, char16_t * out) {
+    return std::copy(text.begin(), text.end(), out);
+}
+
+int exponent_of(decimal_number const & number, int step) {
+    int const magnitude = number.magnitude();
+    return step == 0 ? 0 : magnitude - ((magnitude % step) + step) % step;
+}
+
+/// Writes digits with a point before that of the power -1 of ten.
+char16_t * write_digits(decimal_number const & number, int magnitude, int fraction_digits, char16_t * out) {
+    for (int power = std::max(magnitude, 0); power >= -fraction_digits; --power) {
+        if (power == -1) {
+            *out++ = u'.';
         }
-        return text;
+        *out++ = number.digit(magnitude - power);
     }
-};
-
-LocalizedNumberFormatter make(Notation const & notation, Precision const & precision) {
-    return icu::number::NumberFormatter::with().notation(notation).precision(precision).locale(
-        pattern_locale());
+    return out;
 }
 
-double_format shortest(int fraction_digits, int significant_digits) {
-    // The relaxed priority keeps the digits that either limit allows: 1e-300 must not become 0.
-    auto const precision = Precision::maxFraction(fraction_digits)
-                               .withSignificantDigits(1, significant_digits, UNUM_ROUNDING_PRIORITY_RELAXED);
-    return {make(Notation::simple(), precision), make(Notation::scientific(), precision)};
+char16_t * write_finite(decimal_number number, layout const & rule, char16_t * out) {
+    int power = exponent_of(number, rule.exponent_step) - rule.fraction_digits;
+    if (rule.significant_digits != 0) {
+        power = std::min(power, number.magnitude() - rule.significant_digits + 1);
+    }
+    number.round(power);
+    // Rounding may have carried into a digit more.
+    int const exponent = exponent_of(number, rule.exponent_step);
+    int const magnitude = number.magnitude() - exponent;
+    int const fraction_digits = std::max({number.count() - 1 - magnitude, rule.min_fraction_digits,
+                                          rule.min_significant_digits - 1 - magnitude});
+    out = write_digits(number, magnitude, fraction_digits, out);
+    if (rule.exponent_step != 0) {
+        *out++ = u'E';
+        out = write_integer(exponent, out);
+    }
+    return out;
 }
 
-class format_table {
-public:
-    format_table()
-        : formats_{
-              {numeric_format::simple_short, {make(Notation::simple(), Precision::fixedFraction(4)), {}}},
-              {numeric_format::simple_long, {make(Notation::simple(), Precision::fixedFraction(15)), {}}},
-              {numeric_format::scientific_short,
-               {make(Notation::scientific(), Precision::fixedFraction(4)), {}}},
-              {numeric_format::scientific_long,
-               {make(Notation::scientific(), Precision::fixedFraction(15)), {}}},
-              {numeric_format::shortest_short, shortest(4, 5)},
-              {numeric_format::shortest_long, shortest(15, 15)},
-              {numeric_format::engineering_short,
-               {make(Notation::engineering(), Precision::fixedFraction(4)), {}}},
-              {numeric_format::engineering_long,
-               {make(Notation::engineering(), Precision::fixedSignificantDigits(15)), {}}},
-          } {}
+/// Writes what is not finite, or null when the value is finite.
+char16_t * write_other(double value, char16_t * out) {
+    return std::isfinite(value) ? nullptr : write(std::isnan(value) ? u"NaN" : u"INF", out);
+}
 
-    double_format const & operator[](numeric_format format) const {
-        auto const position = formats_.find(format);
-        return position == formats_.end() ? formats_.at(numeric_format::simple_short) : position->second;
+/// Writes the shorter of two forms; of equal ones the scientific.
+char16_t * write_shorter(decimal_number const & number, int fraction_digits, int significant_digits,
+                         char16_t * out) {
+    std::array<char16_t, longest_double> scientific;
+    char16_t * const scientific_end =
+        write_finite(number, at_most(1, fraction_digits, significant_digits), scientific.data());
+    char16_t * const end = write_finite(number, at_most(0, fraction_digits, significant_digits), out);
+    if (scientific_end - scientific.data() <= end - out) {
+        return std::copy(scientific.data(), scientific_end, out);
     }
+    return end;
+}
 
-private:
-    std::unordered_map<numeric_format, double_format> formats_;
-};
-
-constinit process_singleton<format_table> process_formats;
+char16_t * write_sign(double value, char16_t * out) {
+    if (std::signbit(value)) {
+        *out++ = u'-';
+    }
+    return out;
+}
 
 } // namespace
 
-icu::UnicodeString write_double(double value, numeric_format format) {
-    return process_formats.get()[format](value);
+numeric_format default_double_format() {
+    auto const provider = messagecatalog::ConfigurationManagerFactory::Get().FindDoubleFormat();
+    return provider ? provider->GetORBLANDoubleFormat() : numeric_format::simple_short;
+}
+
+char16_t * write_double(double value, numeric_format format, char16_t * out) {
+    out = write_sign(value, out);
+    if (char16_t * const end = write_other(value, out)) {
+        return end;
+    }
+    decimal_number const number(value);
+    switch (format) {
+    case numeric_format::simple_long:
+        return write_finite(number, fixed(0, 15), out);
+    case numeric_format::scientific_short:
+        return write_finite(number, fixed(1, 4), out);
+    case numeric_format::scientific_long:
+        return write_finite(number, fixed(1, 15), out);
+    case numeric_format::shortest_short:
+        return write_shorter(number, 4, 5, out);
+    case numeric_format::shortest_long:
+        return write_shorter(number, 15, 15, out);
+    case numeric_format::engineering_short:
+        return write_finite(number, fixed(3, 4), out);
+    case numeric_format::engineering_long:
+        return write_finite(number, {3, 0, 15, 0, 15}, out);
+    default:
+        return write_finite(number, fixed(0, 4), out);
+    }
+}
+
+char16_t * write_number(double value, int fraction_digits, char16_t * out) {
+    out = write_sign(value, out);
+    if (char16_t * const end = write_other(value, out)) {
+        return end;
+    }
+    return write_finite(decimal_number(value), at_most(0, fraction_digits), out);
+}
+
+char16_t * write_integer(std::int64_t value, char16_t * out) {
+    std::array<char, longest_integer> text;
+    char const * const end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+    return std::copy(static_cast<char const *>(text.data()), end, out);
 }
 
 } // namespace fl::i18n

@@ -3,15 +3,9 @@
 #include <fl/i18n/message_catalog.hpp>
 
 #include <boost/throw_exception.hpp>
-#include <unicode/locid.h>
 #include <unicode/unistr.h>
 
 namespace fl::i18n {
-
-/// Returns the locale by whose rules message patterns are read and numbers are written into them.
-inline icu::Locale pattern_locale() {
-    return {"en", "US", "POSIX"};
-}
 
 inline void check_format(UErrorCode status) {
     if (U_FAILURE(status)) {

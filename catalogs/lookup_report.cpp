@@ -31,6 +31,7 @@ void fill_holes(std::vector<MessageCatalog::Argument> const & args,
                 std::optional<numeric_format> const & format, LookupReport & report) {
     report.step = LookupStep::fill_holes;
     message_pattern const pattern(report.raw_text);
+    pattern.check();
     for (auto const & hole : pattern.holes()) {
         report.holes.push_back({hole.name, hole.type});
     }

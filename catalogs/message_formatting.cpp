@@ -1,16 +1,27 @@
 #include "catalogs/message_formatting.hpp"
 
 #include "catalogs/message_pattern.hpp"
+#include "catalogs/simple_message.hpp"
 
 #include <algorithm>
 #include <boost/throw_exception.hpp>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/message_catalog.hpp>
+#include <utility>
 
 namespace fl::i18n {
 
 ustring format_message(std::u16string_view message, std::vector<MessageCatalog::Argument> const & args,
                        std::optional<numeric_format> const & format) {
+    simple_message const simple(message);
+    if (simple.is_simple()) {
+        if (args.size() != simple.distinct_holes()) {
+            boost::throw_exception(MessageCatalog::IncorrectHoleCount(simple.distinct_holes(), args.size()));
+        }
+        if (auto filled = simple.fill(args, format)) {
+            return *std::move(filled);
+        }
+    }
     return message_pattern(message).fill(args, format);
 }
 
@@ -33,6 +44,7 @@ ustring MessageCatalog::GetFormattedMessage(ustring const & message, std::uint64
 
 ustring MessageCatalog::GetCustomHoleType(ustring const & message, std::uint64_t hole) {
     message_pattern const pattern(message);
+    pattern.check();
     if (hole > pattern.distinct_holes()) {
         boost::throw_exception(IncorrectHoleCount(hole, pattern.distinct_holes()));
     }

@@ -3,13 +3,15 @@
 #include "catalogs/double_formats.hpp"
 #include "catalogs/icu_check.hpp"
 #include "foundation/ascii.hpp"
+#include "foundation/process_singleton.hpp"
 
 #include <algorithm>
+#include <array>
 #include <boost/numeric/conversion/cast.hpp>
 #include <boost/throw_exception.hpp>
 #include <fl/i18n/catalog_config.hpp>
-#include <set>
-#include <unicode/messagepattern.h>
+#include <memory>
+#include <unicode/locid.h>
 #include <unicode/uchar.h>
 
 namespace fl::i18n {
@@ -17,6 +19,9 @@ namespace fl::i18n {
 namespace {
 
 using Argument = MessageCatalog::Argument;
+
+/// The locale by whose rules patterns are read and numbers are written into them.
+constinit process_singleton<icu::Locale> pattern_locale;
 
 ustring to_ustring(icu::UnicodeString const & text) {
     return {text.getBuffer(), static_cast<std::size_t>(text.length())};
@@ -37,7 +42,9 @@ icu::UnicodeString quote_apostrophes(std::u16string_view message) {
 icu::MessageFormat make_format(icu::UnicodeString const & pattern) {
     UErrorCode status = U_ZERO_ERROR;
     UParseError position;
-    icu::MessageFormat format(pattern, pattern_locale(), position, status);
+    auto const & locale =
+        pattern_locale.get([] { return std::make_unique<icu::Locale>("en", "US", "POSIX"); });
+    icu::MessageFormat format(pattern, locale, position, status);
     check_format(status);
     return format;
 }
@@ -65,11 +72,6 @@ struct to_formattable {
     }
 };
 
-numeric_format default_format() {
-    auto const provider = messagecatalog::ConfigurationManagerFactory::Get().FindDoubleFormat();
-    return provider ? provider->GetORBLANDoubleFormat() : numeric_format::simple_short;
-}
-
 /// Returns the double that a hole takes and that its message does not say how to write, or null.
 double const * double_for(message_pattern::hole const & hole, std::vector<Argument> const & args) {
     if (!hole.type.empty() || static_cast<std::size_t>(hole.number) >= args.size()) {
@@ -82,21 +84,23 @@ double const * double_for(message_pattern::hole const & hole, std::vector<Argume
 
 message_pattern::message_pattern(std::u16string_view message)
     : message_(message)
-    , pattern_(quote_apostrophes(message))
-    , format_(make_format(pattern_)) {
-    collect_holes();
+    , pattern_(quote_apostrophes(message)) {
+    UErrorCode status = U_ZERO_ERROR;
+    icu::MessagePattern const parsed(pattern_, nullptr, status);
+    check_format(status);
+    collect_holes(parsed);
+    count_distinct_holes();
+}
+
+void message_pattern::check() const {
+    make_format(pattern_);
 }
 
 bool message_pattern::has_named_holes() const {
     return !holes_.empty() && u_isalpha(icu::UnicodeString(view(holes_.front().name)).char32At(0));
 }
 
-void message_pattern::collect_holes() {
-    UErrorCode status = U_ZERO_ERROR;
-    icu::MessagePattern parsed(status);
-    parsed.parse(pattern_, nullptr, status);
-    check_format(status);
-    std::set<ustring> names;
+void message_pattern::collect_holes(icu::MessagePattern const & parsed) {
     for (std::int32_t i = 0; i < parsed.countParts(); ++i) {
         auto const & part = parsed.getPart(i);
         if (part.getType() != UMSGPAT_PART_TYPE_ARG_START) {
@@ -108,17 +112,26 @@ void message_pattern::collect_holes() {
         holes_.push_back({part.getIndex(), limit.getLimit(), name.getType() == UMSGPAT_PART_TYPE_ARG_NAME,
                           name.getValue(), to_ustring(parsed.getSubstring(name)),
                           has_type ? read_type(pattern_, name.getLimit()) : std::string()});
-        names.insert(holes_.back().name);
     }
-    distinct_holes_ = names.size();
+}
+
+void message_pattern::count_distinct_holes() {
+    std::vector<std::u16string_view> names;
+    names.reserve(holes_.size());
+    for (auto const & h : holes_) {
+        names.push_back(h.name);
+    }
+    std::sort(names.begin(), names.end());
+    distinct_holes_ = static_cast<std::size_t>(std::unique(names.begin(), names.end()) - names.begin());
 }
 
 ustring message_pattern::fill(std::vector<Argument> const & args,
                               std::optional<numeric_format> const & format) const {
-    if (args.size() != expected_arguments()) {
-        boost::throw_exception(MessageCatalog::IncorrectHoleCount(expected_arguments(), args.size()));
-    }
-    if (has_named_holes()) {
+    if (args.size() != expected_arguments() || has_named_holes()) {
+        check();
+        if (args.size() != expected_arguments()) {
+            boost::throw_exception(MessageCatalog::IncorrectHoleCount(expected_arguments(), args.size()));
+        }
         return ustring(message_);
     }
     std::vector<icu::Formattable> values;
@@ -130,11 +143,7 @@ ustring message_pattern::fill(std::vector<Argument> const & args,
     icu::UnicodeString result;
     icu::FieldPosition ignored(icu::FieldPosition::DONT_CARE);
     auto const count = boost::numeric_cast<std::int32_t>(values.size());
-    if (auto const pattern = with_doubles_written(args, format); pattern == pattern_) {
-        format_.format(values.data(), count, result, ignored, status);
-    } else {
-        make_format(pattern).format(values.data(), count, result, ignored, status);
-    }
+    make_format(with_doubles_written(args, format)).format(values.data(), count, result, ignored, status);
     check_format(status, result);
     return to_ustring(result);
 }
@@ -148,11 +157,21 @@ icu::UnicodeString message_pattern::with_doubles_written(std::vector<Argument> c
     for (auto at = holes_.rbegin(); at != holes_.rend(); ++at) {
         if (double const * const value = double_for(*at, args)) {
             format = format ? format : default_format();
-            pattern.replaceBetween(at->begin, at->end, write_double(*value, *format));
+            std::array<char16_t, longest_double> text;
+            auto const length = write_double(*value, *format, text.data()) - text.data();
+            pattern.replaceBetween(at->begin, at->end, text.data(), 0, static_cast<std::int32_t>(length));
         }
     }
     check_format(U_ZERO_ERROR, pattern);
     return pattern;
+}
+
+// The provider is not asked for a message that is refused.
+numeric_format message_pattern::default_format() const {
+    if (messagecatalog::ConfigurationManagerFactory::Get().FindDoubleFormat()) {
+        check();
+    }
+    return default_double_format();
 }
 
 } // namespace fl::i18n

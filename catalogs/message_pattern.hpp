@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unicode/messagepattern.h>
 #include <unicode/msgfmt.h>
 #include <unicode/unistr.h>
 #include <vector>
@@ -26,9 +27,12 @@ public:
         std::string type;    ///< the format type, empty for a plain hole
     };
 
-    /// The text must outlive the object. Throws `MessageFormatIncorrect` and
+    /// The text must outlive the object. Throws `MessageFormatIncorrect` when the text is no pattern, and
     /// `boost::numeric::positive_overflow`.
     explicit message_pattern(std::u16string_view message);
+
+    /// Throws `MessageFormatIncorrect` when a hole has a format that there is not.
+    void check() const;
 
     /// Returns the holes in the order in which they are written.
     std::vector<hole> const & holes() const { return holes_; }
@@ -44,13 +48,14 @@ public:
 
 private:
     bool has_named_holes() const;
-    void collect_holes();
+    void collect_holes(icu::MessagePattern const & parsed);
+    void count_distinct_holes();
     icu::UnicodeString with_doubles_written(std::vector<MessageCatalog::Argument> const & args,
                                             std::optional<numeric_format> format) const;
+    numeric_format default_format() const;
 
     std::u16string_view message_;
     icu::UnicodeString pattern_;
-    icu::MessageFormat format_;
     std::vector<hole> holes_;
     std::size_t distinct_holes_ = 0;
 };

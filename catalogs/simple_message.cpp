@@ -1,0 +1,254 @@
+#include "catalogs/simple_message.hpp"
+
+#include "catalogs/double_formats.hpp"
+#include "foundation/ascii.hpp"
+#include "foundation/find_unit.hpp"
+
+#include <algorithm>
+#include <bit>
+#include <memory>
+#include <unicode/ustring.h>
+
+namespace fl::i18n {
+
+namespace {
+
+using Argument = MessageCatalog::Argument;
+
+/// Messages and arguments beyond this are left to ICU, which has its limits not far from this.
+constexpr std::size_t size_limit = std::size_t{1} << 26;
+
+/// Hole numbers are below this.
+constexpr std::size_t most_holes = 64;
+
+char16_t * copy(std::u16string_view text, char16_t * out) {
+    return std::copy(text.begin(), text.end(), out);
+}
+
+/// Writes UTF-8 text, with U+FFFD for what is malformed; it takes at most a unit for each byte.
+char16_t * write_utf8(std::string_view text, char16_t * out) {
+    auto const is_ascii = [](char c) { return static_cast<signed char>(c) >= 0; };
+    auto const other = std::find_if_not(text.begin(), text.end(), is_ascii);
+    out = std::copy(text.begin(), other, out);
+    if (other == text.end()) {
+        return out;
+    }
+    auto const size = static_cast<std::int32_t>(text.end() - other);
+    std::int32_t written = 0;
+    UErrorCode status = U_ZERO_ERROR;
+    u_strFromUTF8WithSub(out, size, &written, std::to_address(other), size, 0xFFFD, nullptr, &status);
+    return out + written;
+}
+
+/// The most units that an argument takes.
+struct most_units_of {
+    std::size_t operator()(std::int64_t) const { return longest_integer; }
+    std::size_t operator()(double) const { return longest_double; }
+    std::size_t operator()(ustring const & value) const { return value.size(); }
+    std::size_t operator()(std::string const & value) const { return value.size(); }
+};
+
+bool is_number(Argument const & arg) {
+    return std::holds_alternative<std::int64_t>(arg) || std::holds_alternative<double>(arg);
+}
+
+} // namespace
+
+/// Reads a hole in its usual spelling: a number of one or two digits, the type in small letters, and no other
+/// white space than spaces.
+class simple_message::hole_reader {
+public:
+    explicit hole_reader(std::u16string_view text)
+        : text_(text) {}
+
+    /// Reads from the opening brace on; returns whether it is a hole of a kind known here.
+    bool read(replacement & hole) {
+        if (!skip(u"{") || !read_number(hole.number)) {
+            return false;
+        }
+        hole.what = kind::plain;
+        if (skip(u",")) {
+            if (!skip(u"number")) {
+                return false;
+            }
+            hole.what = kind::number;
+            if (skip(u",")) {
+                if (!skip(u"integer")) {
+                    return false;
+                }
+                hole.what = kind::integer;
+            }
+        }
+        return skip(u"}");
+    }
+
+    /// Returns the text that is still to be read.
+    std::u16string_view rest() const { return text_; }
+
+private:
+    void skip_spaces() {
+        while (text_.starts_with(u' ')) {
+            text_.remove_prefix(1);
+        }
+    }
+
+    /// Skips a word and spaces before it; returns whether it is there.
+    bool skip(std::u16string_view word) {
+        skip_spaces();
+        bool const found = text_.starts_with(word);
+        text_.remove_prefix(found ? word.size() : 0);
+        return found;
+    }
+
+    bool read_number(std::uint8_t & number) {
+        skip_spaces();
+        std::size_t digits = 0;
+        unsigned value = 0;
+        for (; digits < text_.size() && digits < 3 && ascii::is_digit(text_[digits]); ++digits) {
+            value = 10 * value + (text_[digits] - u'0');
+        }
+        bool const has_leading_zero = digits > 1 && text_.front() == u'0';
+        text_.remove_prefix(digits);
+        number = static_cast<std::uint8_t>(value);
+        return digits != 0 && !has_leading_zero && value < most_holes;
+    }
+
+    std::u16string_view text_;
+};
+
+simple_message::simple_message(std::u16string_view message)
+    : message_(message)
+    , is_simple_(message.size() <= size_limit && read()) {}
+
+bool simple_message::read() {
+    char16_t const * const begin = message_.data();
+    char16_t const * const end = begin + message_.size();
+    for (std::size_t at = 0;;) {
+        at = static_cast<std::size_t>(find_either(begin + at, end, u'{', u'\'') - begin);
+        if (at == message_.size()) {
+            return true;
+        }
+        if (count_ == replacements_.size() || !(begin[at] == u'{' ? read_hole(at) : read_apostrophe(at))) {
+            return false;
+        }
+    }
+}
+
+// An apostrophe is text unless it begins a quotation; two are one.
+bool simple_message::read_apostrophe(std::size_t & at) {
+    ++at;
+    char16_t const next = at == message_.size() ? u'\0' : message_[at];
+    if (next == u'\'') {
+        auto const begin = static_cast<std::uint32_t>(at++);
+        replacements_[count_++] = {begin, begin + 1, 0, kind::apostrophe};
+    }
+    return next != u'{' && next != u'}';
+}
+
+bool simple_message::read_hole(std::size_t & at) {
+    hole_reader reader(message_.substr(at));
+    replacement & hole = replacements_[count_];
+    if (!reader.read(hole)) {
+        return false;
+    }
+    hole.begin = static_cast<std::uint32_t>(at);
+    at = message_.size() - reader.rest().size();
+    hole.end = static_cast<std::uint32_t>(at);
+    holes_ |= std::uint64_t{1} << hole.number;
+    ++count_;
+    return true;
+}
+
+std::size_t simple_message::distinct_holes() const {
+    return static_cast<std::size_t>(std::popcount(holes_));
+}
+
+/// Returns the most units that the filled message takes; nothing when it is left to ICU.
+std::optional<std::size_t> simple_message::most_units(std::vector<Argument> const & args) const {
+    std::size_t units = message_.size();
+    for (std::size_t i = 0; i < count_; ++i) {
+        auto const & [begin, end, number, what] = replacements_[i];
+        if (what == kind::apostrophe) {
+            continue;
+        }
+        if (number >= args.size() || (what != kind::plain && !is_number(args[number]))) {
+            return std::nullopt;
+        }
+        std::size_t const more = std::visit(most_units_of(), args[number]);
+        if (more > size_limit) {
+            return std::nullopt;
+        }
+        units += more;
+    }
+    return units <= size_limit ? std::optional(units) : std::nullopt;
+}
+
+/// Writes arguments to where there is room for them.
+class simple_message::writer {
+public:
+    writer(char16_t * out, std::optional<numeric_format> const & format)
+        : out_(out)
+        , format_(format) {}
+
+    char16_t * end() const { return out_; }
+
+    void write(std::u16string_view text) { out_ = copy(text, out_); }
+    void write(Argument const & arg, kind what) {
+        what_ = what;
+        std::visit(*this, arg);
+    }
+
+    void operator()(std::int64_t value) { out_ = write_integer(value, out_); }
+    void operator()(ustring const & value) { write(value); }
+    void operator()(std::string const & value) { out_ = write_utf8(value, out_); }
+    void operator()(double value) {
+        if (what_ != kind::plain) {
+            out_ = write_number(value, what_ == kind::number ? 6 : 0, out_);
+            return;
+        }
+        if (!format_) {
+            format_ = default_double_format();
+        }
+        out_ = write_double(value, *format_, out_);
+    }
+
+private:
+    char16_t * out_;
+    std::optional<numeric_format> format_;
+    kind what_ = kind::plain;
+};
+
+std::optional<ustring> simple_message::fill(std::vector<Argument> const & args,
+                                            std::optional<numeric_format> const & format) const {
+    if (count_ == 0) {
+        return ustring(message_);
+    }
+    auto const units = most_units(args);
+    if (!units) {
+        return std::nullopt;
+    }
+    std::array<char16_t, 1024> local;
+    std::unique_ptr<char16_t[]> large;
+    char16_t * begin = local.data();
+    if (*units > local.size()) {
+        large = std::make_unique_for_overwrite<char16_t[]>(*units);
+        begin = large.get();
+    }
+    return ustring(begin, write_all(args, writer(begin, format)));
+}
+
+char16_t * simple_message::write_all(std::vector<Argument> const & args, writer to) const {
+    std::size_t done = 0;
+    for (std::size_t i = 0; i < count_; ++i) {
+        auto const & replaced = replacements_[i];
+        to.write(message_.substr(done, replaced.begin - done));
+        if (replaced.what != kind::apostrophe) {
+            to.write(args[replaced.number], replaced.what);
+        }
+        done = replaced.end;
+    }
+    to.write(message_.substr(done));
+    return to.end();
+}
+
+} // namespace fl::i18n

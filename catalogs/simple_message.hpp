@@ -1,0 +1,58 @@
+#pragma once
+
+#include <fl/i18n/message_catalog.hpp>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace fl::i18n {
+
+/// A message of text and holes that are plain or of the type "number", which is filled without ICU and to the
+/// same result.
+class simple_message {
+public:
+    /// Reads a message, which must outlive the object. It is not simple when it has anything else, such as
+    /// quoted text, names of holes or unusual spelling, or when it is very large.
+    explicit simple_message(std::u16string_view message);
+
+    /// Tells whether the message is simple; nothing else may be called when it is not.
+    bool is_simple() const { return is_simple_; }
+    /// Returns the number of different holes.
+    std::size_t distinct_holes() const;
+    /// Returns the message with its holes filled from as many arguments as it has different holes; nothing
+    /// when that is left to ICU, since an argument does not fit its hole, is missing or is very large.
+    ///
+    /// Exceptions of the provider of the numeric format pass through.
+    std::optional<ustring> fill(std::vector<MessageCatalog::Argument> const & args,
+                                std::optional<numeric_format> const & format) const;
+
+private:
+    enum class kind : std::uint8_t { apostrophe, plain, number, integer };
+    /// A place where something else is written than what stands there.
+    struct replacement {
+        std::uint32_t begin; ///< where it begins in the message
+        std::uint32_t end;   ///< where it ends
+        std::uint8_t number; ///< the number of a hole
+        kind what;           ///< a hole, or the second of two apostrophes, which is left out
+    };
+    class hole_reader;
+    class writer;
+
+    bool read();
+    bool read_apostrophe(std::size_t & at);
+    bool read_hole(std::size_t & at);
+    std::optional<std::size_t> most_units(std::vector<MessageCatalog::Argument> const & args) const;
+    char16_t * write_all(std::vector<MessageCatalog::Argument> const & args, writer to) const;
+
+    std::u16string_view message_;
+    std::array<replacement, 32> replacements_; ///< only the first `count_` have values
+    std::size_t count_ = 0;
+    std::uint64_t holes_ = 0; ///< a bit for each hole number that occurs
+    bool is_simple_;
+};
+
+} // namespace fl::i18n
