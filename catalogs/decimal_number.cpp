@@ -2,17 +2,40 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
 
 namespace fl::i18n {
 
-decimal_number::decimal_number(double value) {
+namespace {
+
+constexpr std::array<double, 23> powers_of_ten{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                               1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                               1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+/// Returns a value times a power of ten, with the error that comes from steps of at most 22.
+double scaled(double value, int power) {
+    for (; power >= 22; power -= 22) {
+        value *= powers_of_ten[22];
+    }
+    for (; power <= -22; power += 22) {
+        value /= powers_of_ten[22];
+    }
+    double const last = powers_of_ten[static_cast<std::size_t>(std::abs(power))];
+    return power < 0 ? value / last : value * last;
+}
+
+} // namespace
+
+decimal_number::decimal_number(double value)
+    : value_(std::abs(value)) {
     if (value == 0) {
         return;
     }
     std::array<char, 32> text; // "d.ddde+dd"
     char const * const end =
-        std::to_chars(text.data(), text.data() + text.size(), std::abs(value), std::chars_format::scientific)
-            .ptr;
+        std::to_chars(text.data(), text.data() + text.size(), value_, std::chars_format::scientific).ptr;
     char const * at = text.data();
     for (; *at != 'e'; ++at) {
         if (*at != '.') {
@@ -24,6 +47,22 @@ decimal_number::decimal_number(double value) {
     if (below_one) {
         magnitude_ = -magnitude_;
     }
+}
+
+// The estimate is the magnitude of the value as an integer of about 53 bits, which is rounded.
+int decimal_number::estimated_magnitude() const {
+    constexpr int precision = std::numeric_limits<double>::digits - 1;
+    constexpr double bits_of_a_digit = 3.32192809488736234787;
+    if (value_ < std::numeric_limits<double>::min() || (value_ < 0x1p53 && value_ == std::floor(value_))) {
+        return magnitude_;
+    }
+    int const power = static_cast<int>((precision - std::ilogb(value_)) / bits_of_a_digit);
+    auto integer = static_cast<std::int64_t>(std::floor(scaled(value_, power) + 0.5));
+    int magnitude = -power;
+    for (; integer >= 10; integer /= 10) {
+        ++magnitude;
+    }
+    return magnitude;
 }
 
 void decimal_number::round(int power) {

@@ -13,6 +13,9 @@ public:
 
     /// Returns the power of ten that the first digit stands for; 0 when the number is 0.
     int magnitude() const { return magnitude_; }
+    /// Returns what ICU takes for the magnitude before it rounds: it is one off for some doubles close to a
+    /// power of ten.
+    int estimated_magnitude() const;
     /// Returns the number of digits from the first to the last that is not 0; 0 when the number is 0.
     int count() const { return count_; }
     /// Returns a digit, counted from the first; "0" before and after those that there are.
@@ -28,6 +31,7 @@ private:
     bool rounds_up(int kept) const;
     void drop_zeros();
 
+    double value_;
     std::array<char, 17> digits_; ///< only the first `count_` have values
     int count_ = 0;
     int magnitude_ = 0;

@@ -34,9 +34,8 @@ char16_t * write(std::u16string_view text, char16_t * out) {
     return std::copy(text.begin(), text.end(), out);
 }
 
-int exponent_of(decimal_number const & number, int step) {
-    int const magnitude = number.magnitude();
-    return step == 0 ? 0 : magnitude - ((magnitude % step) + step) % step;
+int exponent_of(int magnitude, int step) {
+    return step == 0 ? 0 : magnitude - (magnitude % step + step) % step;
 }
 
 /// Writes digits with a point before that of the power -1 of ten.
@@ -50,14 +49,31 @@ char16_t * write_digits(decimal_number const & number, int magnitude, int fracti
     return out;
 }
 
-char16_t * write_finite(decimal_number number, layout const & rule, char16_t * out) {
-    int power = exponent_of(number, rule.exponent_step) - rule.fraction_digits;
-    if (rule.significant_digits != 0) {
-        power = std::min(power, number.magnitude() - rule.significant_digits + 1);
+/// Returns the power of ten to whose multiples a number is rounded.
+int rounding_power(layout const & rule, int exponent, int magnitude) {
+    int const power = exponent - rule.fraction_digits;
+    return rule.significant_digits == 0 ? power : std::min(power, magnitude - rule.significant_digits + 1);
+}
+
+/// Rounds a number and returns its exponent, step by step as ICU does: where its estimate is off, the digits
+/// are.
+int round(decimal_number & number, layout const & rule) {
+    bool const is_plain = rule.exponent_step == 0 && rule.significant_digits == 0;
+    int const estimate = is_plain ? 0 : number.estimated_magnitude();
+    int const exponent = exponent_of(estimate, rule.exponent_step);
+    number.round(rounding_power(rule, exponent, estimate));
+    if (rule.exponent_step == 0 || number.count() == 0 || number.magnitude() == estimate) {
+        return exponent;
     }
-    number.round(power);
-    // Rounding may have carried into a digit more.
-    int const exponent = exponent_of(number, rule.exponent_step);
+    int const next = exponent_of(estimate + 1, rule.exponent_step);
+    if (next != exponent) {
+        number.round(rounding_power(rule, next, number.magnitude()));
+    }
+    return next;
+}
+
+char16_t * write_finite(decimal_number number, layout const & rule, char16_t * out) {
+    int const exponent = round(number, rule);
     int const magnitude = number.magnitude() - exponent;
     int const fraction_digits = std::max({number.count() - 1 - magnitude, rule.min_fraction_digits,
                                           rule.min_significant_digits - 1 - magnitude});
