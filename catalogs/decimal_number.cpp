@@ -30,9 +30,31 @@ double scaled(double value, int power) {
 
 decimal_number::decimal_number(double value)
     : value_(std::abs(value)) {
-    if (value == 0) {
-        return;
+    if (!take_few_digits()) {
+        take_all_digits();
     }
+}
+
+/// Takes a number of at most six digits after the point and 15 in all: different ones of 15 are different
+/// doubles, so that it is the shortest.
+bool decimal_number::take_few_digits() {
+    constexpr int fraction_digits = 6;
+    constexpr double scale = 1e6;
+    if (!(value_ < 1e9)) {
+        return false;
+    }
+    auto const scaled = static_cast<std::int64_t>(value_ * scale + 0.5);
+    if (static_cast<double>(scaled) / scale != value_) {
+        return false;
+    }
+    char const * const end = std::to_chars(digits_.data(), digits_.data() + digits_.size(), scaled).ptr;
+    count_ = static_cast<int>(end - digits_.data());
+    magnitude_ = count_ - 1 - fraction_digits;
+    drop_zeros();
+    return true;
+}
+
+void decimal_number::take_all_digits() {
     std::array<char, 32> text; // "d.ddde+dd"
     char const * const end =
         std::to_chars(text.data(), text.data() + text.size(), value_, std::chars_format::scientific).ptr;

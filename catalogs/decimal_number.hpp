@@ -28,6 +28,8 @@ public:
     void round(int power);
 
 private:
+    bool take_few_digits();
+    void take_all_digits();
     bool rounds_up(int kept) const;
     void drop_zeros();
 

@@ -33,7 +33,7 @@ void fill_holes(std::vector<MessageCatalog::Argument> const & args,
     message_pattern const pattern(report.raw_text);
     pattern.check();
     for (auto const & hole : pattern.holes()) {
-        report.holes.push_back({hole.name, hole.type});
+        report.holes.push_back({ustring(hole.name), hole.type()});
     }
     report.holes_expected = pattern.expected_arguments();
     report.text = pattern.fill(args, format);

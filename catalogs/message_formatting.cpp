@@ -52,7 +52,7 @@ ustring MessageCatalog::GetCustomHoleType(ustring const & message, std::uint64_t
     auto const position = std::find_if(holes.begin(), holes.end(), [hole](message_pattern::hole const & h) {
         return !h.has_name && static_cast<std::uint64_t>(h.number) == hole;
     });
-    return position == holes.end() ? ustring() : codecvt_ascii_to_ustring(false).convert(position->type);
+    return position == holes.end() ? ustring() : codecvt_ascii_to_ustring(false).convert(position->type());
 }
 
 } // namespace fl::i18n

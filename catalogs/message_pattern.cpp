@@ -32,7 +32,12 @@ icu::UnicodeString view(std::u16string_view text) {
     return {false, text.data(), boost::numeric_cast<std::int32_t>(text.size())};
 }
 
+/// Doubles apostrophes that are text; the result may point to the message.
 icu::UnicodeString quote_apostrophes(std::u16string_view message) {
+    // The size is what ICU can quote.
+    if (message.size() < std::size_t{1} << 26 && message.find(u'\'') == message.npos) {
+        return view(message);
+    }
     UErrorCode status = U_ZERO_ERROR;
     auto pattern = icu::MessageFormat::autoQuoteApostrophe(view(message), status);
     check_format(status, pattern);
@@ -49,38 +54,43 @@ icu::MessageFormat make_format(icu::UnicodeString const & pattern) {
     return format;
 }
 
-/// Returns the format type of a hole from the position after its name: it follows a comma and is made of
-/// letters.
-std::string read_type(icu::UnicodeString const & pattern, std::int32_t position) {
-    while (!ascii::is_letter(pattern[position])) {
-        ++position;
-    }
-    std::string type;
-    for (; ascii::is_letter(pattern[position]); ++position) {
-        type += static_cast<char>(pattern[position]);
-    }
-    return type;
-}
+/// Sets a value for ICU.
+struct formattable_setter {
+    icu::Formattable & value;
 
-struct to_formattable {
-    icu::Formattable operator()(std::int64_t value) const { return value; }
-    icu::Formattable operator()(double value) const { return value; }
-    icu::Formattable operator()(ustring const & value) const { return icu::UnicodeString(view(value)); }
-    icu::Formattable operator()(std::string const & value) const {
-        auto const length = boost::numeric_cast<std::int32_t>(value.size());
-        return icu::UnicodeString::fromUTF8({value.data(), length});
+    void operator()(std::int64_t integer) const { value.setInt64(integer); }
+    void operator()(double number) const { value.setDouble(number); }
+    void operator()(ustring const & text) const { value.setString(view(text)); }
+    void operator()(std::string const & text) const {
+        auto const length = boost::numeric_cast<std::int32_t>(text.size());
+        value.setString(icu::UnicodeString::fromUTF8({text.data(), length}));
     }
 };
 
 /// Returns the double that a hole takes and that its message does not say how to write, or null.
 double const * double_for(message_pattern::hole const & hole, std::vector<Argument> const & args) {
-    if (!hole.type.empty() || static_cast<std::size_t>(hole.number) >= args.size()) {
+    if (hole.has_type || static_cast<std::size_t>(hole.number) >= args.size()) {
         return nullptr;
     }
     return std::get_if<double>(&args[static_cast<std::size_t>(hole.number)]);
 }
 
 } // namespace
+
+// The type follows the name and a comma and is made of letters.
+std::string message_pattern::hole::type() const {
+    std::string letters;
+    if (has_type) {
+        char16_t const * at = name.data() + name.size();
+        while (!ascii::is_letter(*at)) {
+            ++at;
+        }
+        for (; ascii::is_letter(*at); ++at) {
+            letters += static_cast<char>(*at);
+        }
+    }
+    return letters;
+}
 
 message_pattern::message_pattern(std::u16string_view message)
     : message_(message)
@@ -97,7 +107,7 @@ void message_pattern::check() const {
 }
 
 bool message_pattern::has_named_holes() const {
-    return !holes_.empty() && u_isalpha(icu::UnicodeString(view(holes_.front().name)).char32At(0));
+    return !holes_.empty() && u_isalpha(view(holes_.front().name).char32At(0));
 }
 
 void message_pattern::collect_holes(icu::MessagePattern const & parsed) {
@@ -108,10 +118,11 @@ void message_pattern::collect_holes(icu::MessagePattern const & parsed) {
         }
         auto const & name = parsed.getPart(i + 1);
         auto const & limit = parsed.getPart(parsed.getLimitPartIndex(i));
+        bool const has_name = name.getType() == UMSGPAT_PART_TYPE_ARG_NAME;
         bool const has_type = part.getArgType() != UMSGPAT_ARG_TYPE_NONE;
-        holes_.push_back({part.getIndex(), limit.getLimit(), name.getType() == UMSGPAT_PART_TYPE_ARG_NAME,
-                          name.getValue(), to_ustring(parsed.getSubstring(name)),
-                          has_type ? read_type(pattern_, name.getLimit()) : std::string()});
+        std::u16string_view const text(pattern_.getBuffer() + name.getIndex(),
+                                       static_cast<std::size_t>(name.getLength()));
+        holes_.push_back({part.getIndex(), limit.getLimit(), has_name, has_type, name.getValue(), text});
     }
 }
 
@@ -134,10 +145,9 @@ ustring message_pattern::fill(std::vector<Argument> const & args,
         }
         return ustring(message_);
     }
-    std::vector<icu::Formattable> values;
-    values.reserve(args.size());
-    for (auto const & arg : args) {
-        values.push_back(std::visit(to_formattable(), arg));
+    std::vector<icu::Formattable> values(args.size());
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        std::visit(formattable_setter{values[i]}, args[i]);
     }
     UErrorCode status = U_ZERO_ERROR;
     icu::UnicodeString result;

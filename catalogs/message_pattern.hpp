@@ -19,17 +19,22 @@ class message_pattern {
 public:
     /// A hole as it is written.
     struct hole {
-        std::int32_t begin;  ///< where its opening brace is
-        std::int32_t end;    ///< the position after its closing brace
-        bool has_name;       ///< named instead of numbered
-        std::int32_t number; ///< the number of a numbered hole
-        ustring name;        ///< the name, or the number in digits
-        std::string type;    ///< the format type, empty for a plain hole
+        std::int32_t begin;       ///< where its opening brace is
+        std::int32_t end;         ///< the position after its closing brace
+        bool has_name;            ///< named instead of numbered
+        bool has_type;            ///< with a format type
+        std::int32_t number;      ///< the number of a numbered hole
+        std::u16string_view name; ///< the name, or the number in digits; valid while the pattern lives
+
+        /// Returns the format type, empty for a plain hole. The pattern must live.
+        std::string type() const;
     };
 
     /// The text must outlive the object. Throws `MessageFormatIncorrect` when the text is no pattern, and
     /// `boost::numeric::positive_overflow`.
     explicit message_pattern(std::u16string_view message);
+    message_pattern(message_pattern const &) = delete;
+    message_pattern & operator=(message_pattern const &) = delete;
 
     /// Throws `MessageFormatIncorrect` when a hole has a format that there is not.
     void check() const;

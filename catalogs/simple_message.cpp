@@ -5,7 +5,6 @@
 #include "foundation/find_unit.hpp"
 
 #include <algorithm>
-#include <bit>
 #include <memory>
 #include <unicode/ustring.h>
 
@@ -154,13 +153,11 @@ bool simple_message::read_hole(std::size_t & at) {
     hole.begin = static_cast<std::uint32_t>(at);
     at = message_.size() - reader.rest().size();
     hole.end = static_cast<std::uint32_t>(at);
-    holes_ |= std::uint64_t{1} << hole.number;
+    std::uint64_t const bit = std::uint64_t{1} << hole.number;
+    distinct_holes_ += (holes_ & bit) == 0;
+    holes_ |= bit;
     ++count_;
     return true;
-}
-
-std::size_t simple_message::distinct_holes() const {
-    return static_cast<std::size_t>(std::popcount(holes_));
 }
 
 /// Returns the most units that the filled message takes; nothing when it is left to ICU.

@@ -22,7 +22,7 @@ public:
     /// Tells whether the message is simple; nothing else may be called when it is not.
     bool is_simple() const { return is_simple_; }
     /// Returns the number of different holes.
-    std::size_t distinct_holes() const;
+    std::size_t distinct_holes() const { return distinct_holes_; }
     /// Returns the message with its holes filled from as many arguments as it has different holes; nothing
     /// when that is left to ICU, since an argument does not fit its hole, is missing or is very large.
     ///
@@ -51,6 +51,7 @@ private:
     std::u16string_view message_;
     std::array<replacement, 32> replacements_; ///< only the first `count_` have values
     std::size_t count_ = 0;
+    std::size_t distinct_holes_ = 0;
     std::uint64_t holes_ = 0; ///< a bit for each hole number that occurs
     bool is_simple_;
 };
