@@ -7,7 +7,6 @@
 #include <boost/throw_exception.hpp>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/message_catalog.hpp>
-#include <utility>
 
 namespace fl::i18n {
 
@@ -18,8 +17,8 @@ ustring format_message(std::u16string_view message, std::vector<MessageCatalog::
         if (args.size() != simple.distinct_holes()) {
             boost::throw_exception(MessageCatalog::IncorrectHoleCount(simple.distinct_holes(), args.size()));
         }
-        if (auto filled = simple.fill(args, format)) {
-            return *std::move(filled);
+        if (auto const room = simple.room_for(args)) {
+            return simple.fill(args, format, *room);
         }
     }
     return message_pattern(message).fill(args, format);

@@ -26,16 +26,17 @@ char16_t * copy(std::u16string_view text, char16_t * out) {
 
 /// Writes UTF-8 text, with U+FFFD for what is malformed; it takes at most a unit for each byte.
 char16_t * write_utf8(std::string_view text, char16_t * out) {
-    auto const is_ascii = [](char c) { return static_cast<signed char>(c) >= 0; };
-    auto const other = std::find_if_not(text.begin(), text.end(), is_ascii);
-    out = std::copy(text.begin(), other, out);
-    if (other == text.end()) {
+    auto at = text.begin();
+    while (at != text.end() && static_cast<signed char>(*at) >= 0) {
+        *out++ = static_cast<char16_t>(*at++);
+    }
+    if (at == text.end()) {
         return out;
     }
-    auto const size = static_cast<std::int32_t>(text.end() - other);
+    auto const size = static_cast<std::int32_t>(text.end() - at);
     std::int32_t written = 0;
     UErrorCode status = U_ZERO_ERROR;
-    u_strFromUTF8WithSub(out, size, &written, std::to_address(other), size, 0xFFFD, nullptr, &status);
+    u_strFromUTF8WithSub(out, size, &written, std::to_address(at), size, 0xFFFD, nullptr, &status);
     return out + written;
 }
 
@@ -57,62 +58,64 @@ bool is_number(Argument const & arg) {
 /// white space than spaces.
 class simple_message::hole_reader {
 public:
-    explicit hole_reader(std::u16string_view text)
-        : text_(text) {}
+    /// Takes the text after the opening brace.
+    hole_reader(char16_t const * at, char16_t const * end)
+        : at_(at)
+        , end_(end) {}
 
-    /// Reads from the opening brace on; returns whether it is a hole of a kind known here.
-    bool read(replacement & hole) {
-        if (!skip(u"{") || !read_number(hole.number)) {
-            return false;
-        }
-        hole.what = kind::plain;
-        if (skip(u",")) {
-            if (!skip(u"number")) {
-                return false;
-            }
-            hole.what = kind::number;
-            if (skip(u",")) {
-                if (!skip(u"integer")) {
-                    return false;
-                }
-                hole.what = kind::integer;
-            }
-        }
-        return skip(u"}");
-    }
+    /// Returns whether a hole of a kind known here is there.
+    bool read(replacement & hole) { return read_number(hole.number) && read_type(hole.what) && take(u'}'); }
 
-    /// Returns the text that is still to be read.
-    std::u16string_view rest() const { return text_; }
+    /// Returns where the text that is still to be read begins.
+    char16_t const * position() const { return at_; }
 
 private:
-    void skip_spaces() {
-        while (text_.starts_with(u' ')) {
-            text_.remove_prefix(1);
+    bool read_number(std::uint8_t & number) {
+        skip_spaces();
+        number = 0;
+        char16_t const * const begin = at_;
+        while (at_ != end_ && ascii::is_digit(*at_) && number < 10 && (at_ == begin || number != 0)) {
+            number = static_cast<std::uint8_t>(10 * number + (*at_++ - u'0'));
         }
+        return at_ != begin && number < most_holes;
+    }
+    bool read_type(kind & type) {
+        type = kind::plain;
+        if (!take(u',')) {
+            return true;
+        }
+        type = kind::number;
+        if (!take(u"number")) {
+            return false;
+        }
+        if (!take(u',')) {
+            return true;
+        }
+        type = kind::integer;
+        return take(u"integer");
     }
 
-    /// Skips a word and spaces before it; returns whether it is there.
-    bool skip(std::u16string_view word) {
+    void skip_spaces() {
+        while (at_ != end_ && *at_ == u' ') {
+            ++at_;
+        }
+    }
+    /// Skips what is there, and spaces before it.
+    bool take(char16_t unit) {
         skip_spaces();
-        bool const found = text_.starts_with(word);
-        text_.remove_prefix(found ? word.size() : 0);
+        bool const found = at_ != end_ && *at_ == unit;
+        at_ += found;
+        return found;
+    }
+    bool take(std::u16string_view word) {
+        skip_spaces();
+        bool const found = std::u16string_view(at_, end_).starts_with(word);
+        at_ += found ? word.size() : 0;
         return found;
     }
 
-    bool read_number(std::uint8_t & number) {
-        skip_spaces();
-        std::size_t digits = 0;
-        unsigned value = 0;
-        for (; digits < text_.size() && digits < 3 && ascii::is_digit(text_[digits]); ++digits) {
-            value = 10 * value + (text_[digits] - u'0');
-        }
-        bool const has_leading_zero = digits > 1 && text_.front() == u'0';
-        text_.remove_prefix(digits);
-        number = static_cast<std::uint8_t>(value);
-        return digits != 0 && !has_leading_zero && value < most_holes;
-    }
-
-    std::u16string_view text_;
+    char16_t const * at_;
+    char16_t const * end_;
 };
 
 simple_message::simple_message(std::u16string_view message)
@@ -145,13 +148,14 @@ bool simple_message::read_apostrophe(std::size_t & at) {
 }
 
 bool simple_message::read_hole(std::size_t & at) {
-    hole_reader reader(message_.substr(at));
+    char16_t const * const begin = message_.data();
+    hole_reader reader(begin + at + 1, begin + message_.size());
     replacement & hole = replacements_[count_];
     if (!reader.read(hole)) {
         return false;
     }
     hole.begin = static_cast<std::uint32_t>(at);
-    at = message_.size() - reader.rest().size();
+    at = static_cast<std::size_t>(reader.position() - begin);
     hole.end = static_cast<std::uint32_t>(at);
     std::uint64_t const bit = std::uint64_t{1} << hole.number;
     distinct_holes_ += (holes_ & bit) == 0;
@@ -160,8 +164,7 @@ bool simple_message::read_hole(std::size_t & at) {
     return true;
 }
 
-/// Returns the most units that the filled message takes; nothing when it is left to ICU.
-std::optional<std::size_t> simple_message::most_units(std::vector<Argument> const & args) const {
+std::optional<std::size_t> simple_message::room_for(std::vector<Argument> const & args) const {
     std::size_t units = message_.size();
     for (std::size_t i = 0; i < count_; ++i) {
         auto const & [begin, end, number, what] = replacements_[i];
@@ -215,20 +218,16 @@ private:
     kind what_ = kind::plain;
 };
 
-std::optional<ustring> simple_message::fill(std::vector<Argument> const & args,
-                                            std::optional<numeric_format> const & format) const {
+ustring simple_message::fill(std::vector<Argument> const & args, std::optional<numeric_format> const & format,
+                             std::size_t room) const {
     if (count_ == 0) {
         return ustring(message_);
-    }
-    auto const units = most_units(args);
-    if (!units) {
-        return std::nullopt;
     }
     std::array<char16_t, 1024> local;
     std::unique_ptr<char16_t[]> large;
     char16_t * begin = local.data();
-    if (*units > local.size()) {
-        large = std::make_unique_for_overwrite<char16_t[]>(*units);
+    if (room > local.size()) {
+        large = std::make_unique_for_overwrite<char16_t[]>(room);
         begin = large.get();
     }
     return ustring(begin, write_all(args, writer(begin, format)));

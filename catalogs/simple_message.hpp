@@ -23,12 +23,15 @@ public:
     bool is_simple() const { return is_simple_; }
     /// Returns the number of different holes.
     std::size_t distinct_holes() const { return distinct_holes_; }
-    /// Returns the message with its holes filled from as many arguments as it has different holes; nothing
-    /// when that is left to ICU, since an argument does not fit its hole, is missing or is very large.
+    /// Returns a number of units that is enough for the message with its holes filled from as many arguments
+    /// as it has different holes; nothing when that is left to ICU, since an argument does not fit its hole,
+    /// is missing or is very large.
+    std::optional<std::size_t> room_for(std::vector<MessageCatalog::Argument> const & args) const;
+    /// Returns the message filled, in the room that there is for it.
     ///
     /// Exceptions of the provider of the numeric format pass through.
-    std::optional<ustring> fill(std::vector<MessageCatalog::Argument> const & args,
-                                std::optional<numeric_format> const & format) const;
+    ustring fill(std::vector<MessageCatalog::Argument> const & args,
+                 std::optional<numeric_format> const & format, std::size_t room) const;
 
 private:
     enum class kind : std::uint8_t { apostrophe, plain, number, integer };
@@ -45,7 +48,6 @@ private:
     bool read();
     bool read_apostrophe(std::size_t & at);
     bool read_hole(std::size_t & at);
-    std::optional<std::size_t> most_units(std::vector<MessageCatalog::Argument> const & args) const;
     char16_t * write_all(std::vector<MessageCatalog::Argument> const & args, writer to) const;
 
     std::u16string_view message_;
