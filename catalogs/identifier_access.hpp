@@ -20,6 +20,7 @@ struct identifier_access {
         std::string_view const composite = id.composite_id_;
         return {composite.substr(0, catalog_size), composite.substr(catalog_size + 1)};
     }
+    static std::string_view text(CatalogID const & id) { return id.catalog_id_; }
     static std::string_view text(resource_core::BaseMsgID const & id) { return id.id_; }
 };
 

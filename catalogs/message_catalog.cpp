@@ -67,7 +67,7 @@ bool MessageCatalog::MessageCatalogInitFromConfigManager() {
 
 boost::shared_ptr<MessageCatalog const> MessageCatalog::GetMessageCatalog(CatalogID const & id,
                                                                           QzLocale const & locale) {
-    return process_catalog_service().get_catalog(id.getCatalogID(), locale);
+    return process_catalog_service().get_catalog(detail::identifier_access::text(id), locale);
 }
 
 boost::shared_ptr<MessageCatalog const> MessageCatalog::GetMessageCatalog(CatalogID const & id) {
@@ -109,7 +109,7 @@ ustring MessageCatalog::get_default_locale_message(BaseMsgID const & id) {
 }
 
 void MessageCatalog::FlushCatalogFromCache(CatalogID const & id) {
-    process_catalog_service().flush(id.getCatalogID());
+    process_catalog_service().flush(detail::identifier_access::text(id));
 }
 
 void MessageCatalog::set_additional_resource_locations(std::vector<ustring> const & locations) {
