@@ -1,6 +1,6 @@
 # The libraries that this one is built on, as imported targets:
 #   ICU::uc ICU::i18n ICU::data, Boost::headers Boost::filesystem, EXPAT::EXPAT,
-#   CLI11::CLI11 (the tool), GTest::gtest GTest::gtest_main (the tests)
+#   CLI11::CLI11 (the tool, the benchmarks), GTest::gtest GTest::gtest_main (the tests)
 # FL_I18N_RUNTIME_DLLS lists the DLLs that a program for Windows needs beside it, FL_I18N_RUNTIME_LIBRARIES the shared
 # libraries (with their links) that the native library needs beside it because the system does not have them.
 
@@ -12,7 +12,7 @@ if(FL_I18N_BUILD_TESTS)
     find_package(GTest CONFIG REQUIRED)
 endif()
 
-if(FL_I18N_BUILD_TOOL)
+if(FL_I18N_BUILD_TOOL OR FL_I18N_BUILD_BENCHMARKS)
     find_path(CLI11_INCLUDE_DIR CLI/CLI.hpp REQUIRED)
     add_library(CLI11::CLI11 INTERFACE IMPORTED)
     target_include_directories(CLI11::CLI11 INTERFACE ${CLI11_INCLUDE_DIR})

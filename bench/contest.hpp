@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace fl::bench {
+
+/// The messages of which all contestants have the same: keys of 25 bytes, texts of 58 units without anything
+/// to fill in, escape or convert in a special way. The same number always gives the same.
+std::string key_of(std::uint32_t message);
+std::string text_of(std::uint32_t message);
+
+inline constexpr std::uint32_t message_count = 10'000;
+
+/// 10,000 messages, and the order in which they are asked for.
+struct contest_messages {
+    std::vector<std::string> keys;
+    std::vector<std::string> narrow_texts;
+    std::vector<std::u16string> texts;
+    /// A permutation of all indices.
+    std::vector<std::uint32_t> order;
+};
+
+contest_messages const & messages();
+
+/// The locale in which they are looked up, and the language whose catalogs are found for it.
+inline constexpr char locale_name[] = "ja_JP";
+inline constexpr char language[] = "ja";
+
+} // namespace fl::bench
