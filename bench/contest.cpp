@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
-#include <random>
+#include <utility>
 
 namespace fl::bench {
 
@@ -30,7 +30,10 @@ contest_messages make_messages() {
     }
     result.order.resize(message_count);
     std::iota(result.order.begin(), result.order.end(), 0U);
-    std::shuffle(result.order.begin(), result.order.end(), std::mt19937(5));
+    std::uint64_t state = 5;
+    for (std::uint32_t i = message_count; i > 1; --i) {
+        std::swap(result.order[i - 1], result.order[next_random(state) % i]);
+    }
     return result;
 }
 

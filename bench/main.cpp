@@ -19,8 +19,7 @@ struct settings {
     run_options run{"", 17, 0.02};
     std::string goals = FL_I18N_BENCH_GOALS;
     std::string raw_file;
-    std::string table_file;
-    std::vector<std::string> read_files;
+    std::string read_file;
     bool list = false;
 };
 
@@ -31,9 +30,8 @@ void add_options(CLI::App & app, settings & chosen) {
     app.add_option("--min-time", chosen.run.least_time, "Least seconds of one measurement (0.02)")
         ->check(CLI::PositiveNumber);
     app.add_option("--goals", chosen.goals, "File of goals instead of bench/goals.txt");
-    app.add_option("--raw", chosen.raw_file, "File for all figures, with tabs between them");
-    app.add_option("--table", chosen.table_file, "File for the table, which is printed anyhow");
-    app.add_option("--read", chosen.read_files, "Makes the table of such files instead of measuring");
+    app.add_option("--raw", chosen.raw_file, "Writes all figures to a file, instead of the table");
+    app.add_option("--read", chosen.read_file, "Makes the table of such a file instead of measuring");
     app.add_flag("--list", chosen.list, "Prints the names of all contestants");
 }
 
@@ -45,13 +43,9 @@ std::ifstream opened(std::string const & name) {
     return stream;
 }
 
-template <typename Writer>
-void write_file(std::string const & name, Writer const & writer) {
-    if (name.empty()) {
-        return;
-    }
+void write_raw(std::string const & name, std::vector<measurement> const & measurements) {
     std::ofstream stream(name);
-    writer(stream);
+    write_measurements(stream, measurements);
     if (!stream.flush()) {
         throw std::runtime_error("cannot be written: " + name);
     }
@@ -66,44 +60,43 @@ std::vector<goal> goals_of(std::string const & name) {
     }
 }
 
-std::vector<measurement> read_all(std::vector<std::string> const & names) {
+std::vector<measurement> read_raw(std::string const & name) {
+    auto stream = opened(name);
     std::vector<measurement> measurements;
-    for (std::string const & name : names) {
-        auto stream = opened(name);
-        read_measurements(stream, measurements);
-    }
+    read_measurements(stream, measurements);
     return measurements;
 }
 
-/// Leaves the goals of the cases that were measured: another program measures the others, or the filter
-/// leaves them out.
-void keep_goals_of(std::vector<measurement> const & measurements, std::vector<goal> & goals) {
+void print_names() {
+    for (std::string const & name : registered_names()) {
+        std::cout << name << '\n';
+    }
+}
+
+/// Prints the table and the goals of its cases; `all_goals` tells that cases without any figure count, too.
+void print_table(std::vector<measurement> const & measurements, std::vector<goal> goals, bool all_goals) {
     std::set<std::string> contests;
     for (measurement const & measured : measurements) {
         contests.insert(measured.contest);
     }
-    std::erase_if(goals, [&contests](goal const & wanted) { return !contests.contains(wanted.contest); });
+    std::erase_if(goals,
+                  [&](goal const & wanted) { return !all_goals && !contests.contains(wanted.contest); });
+    std::cout << table_of(measurements, goals) << std::flush;
+    if (auto const missing = goals_without_figures(measurements, goals); !missing.empty()) {
+        std::cerr << "[bench] goals without figures:\n" << missing;
+    }
 }
 
 void act(settings const & chosen) {
+    auto const goals = goals_of(chosen.goals);
     if (chosen.list) {
-        for (std::string const & name : registered_names()) {
-            std::cout << name << '\n';
-        }
-        return;
-    }
-    auto goals = goals_of(chosen.goals);
-    bool const measure = chosen.read_files.empty();
-    auto const measurements = measure ? run(chosen.run) : read_all(chosen.read_files);
-    write_file(chosen.raw_file, [&](std::ostream & stream) { write_measurements(stream, measurements); });
-    if (measure) {
-        keep_goals_of(measurements, goals);
-    }
-    std::string const table = table_of(measurements, goals);
-    std::cout << table << std::flush;
-    write_file(chosen.table_file, [&](std::ostream & stream) { stream << table; });
-    if (auto const missing = goals_without_figures(measurements, goals); !missing.empty()) {
-        std::cerr << "[bench] goals without figures:\n" << missing;
+        print_names();
+    } else if (!chosen.raw_file.empty()) {
+        write_raw(chosen.raw_file, run(chosen.run));
+    } else if (!chosen.read_file.empty()) {
+        print_table(read_raw(chosen.read_file), goals, chosen.run.filter.empty());
+    } else {
+        print_table(run(chosen.run), goals, false);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "bench/runner.hpp"
 
+#include "bench/statistics.hpp"
+
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
@@ -46,14 +48,15 @@ double value_of(benchmark::BenchmarkReporter::Run const & run) {
 
 class collector final : public benchmark::BenchmarkReporter {
 public:
-    explicit collector(std::vector<measurement> & measurements)
-        : measurements_(measurements) {}
+    explicit collector(double least_time)
+        : least_time_(least_time) {}
 
     bool ReportContext(Context const &) override { return true; }
 
     // The repetitions of one benchmark.
     void ReportRuns(std::vector<Run> const & runs) override {
         measurement result;
+        std::vector<double> durations;
         for (Run const & run : runs) {
             if (run.error_occurred) {
                 throw std::runtime_error(run.benchmark_name() + ": " + run.error_message);
@@ -64,12 +67,27 @@ public:
             split_name(run.run_name.function_name, result.contest, result.contestant);
             result.unit = run.counters.contains("bytes") ? "B" : "ns";
             result.values.push_back(value_of(run));
+            durations.push_back(run.real_accumulated_time);
         }
+        too_short_ = too_short_ || (result.unit == "ns" && median(durations) < least_time_ / 4);
         measurements_.push_back(std::move(result));
     }
 
+    /// Tells whether something was measured over too few iterations: their number is chosen by the first try,
+    /// which may have been held up.
+    bool too_short() const { return too_short_; }
+    /// Returns the figures by contestant; they come in any order.
+    std::vector<measurement> sorted() const {
+        auto result = measurements_;
+        std::sort(result.begin(), result.end(),
+                  [](auto const & left, auto const & right) { return left.contestant < right.contestant; });
+        return result;
+    }
+
 private:
-    std::vector<measurement> & measurements_;
+    double least_time_;
+    std::vector<measurement> measurements_;
+    bool too_short_ = false;
 };
 
 /// A reporter that is only there for the stream that names are printed to.
@@ -95,9 +113,20 @@ std::vector<std::string> chosen_contests(std::string const & filter) {
         }
     }
     if (result.empty()) {
-        throw std::runtime_error("no case has \"" + filter + "\" in its name");
+        std::fprintf(stderr, "[bench] no case here has \"%s\" in its name\n", filter.c_str());
     }
     return result;
+}
+
+std::vector<measurement> run_contest(std::string const & contest, double least_time) {
+    constexpr int most_tries = 5;
+    for (int i = 1;; ++i) {
+        collector reporter(least_time);
+        benchmark::RunSpecifiedBenchmarks(&reporter, '^' + escaped(contest) + '/');
+        if (!reporter.too_short() || i == most_tries) {
+            return reporter.sorted();
+        }
+    }
 }
 
 } // namespace
@@ -123,14 +152,10 @@ std::vector<measurement> run(run_options const & options) {
                          "--benchmark_min_time=" + std::to_string(options.least_time),
                          "--benchmark_enable_random_interleaving=true"});
     std::vector<measurement> measurements;
-    collector reporter(measurements);
     for (std::size_t i = 0; i < contests.size(); ++i) {
         std::fprintf(stderr, "[bench] %zu of %zu: %s\n", i + 1, contests.size(), contests[i].c_str());
-        auto const first = static_cast<std::ptrdiff_t>(measurements.size());
-        benchmark::RunSpecifiedBenchmarks(&reporter, '^' + escaped(contests[i]) + '/');
-        // They end in any order.
-        std::sort(measurements.begin() + first, measurements.end(),
-                  [](auto const & left, auto const & right) { return left.contestant < right.contestant; });
+        auto const measured = run_contest(contests[i], options.least_time);
+        measurements.insert(measurements.end(), measured.begin(), measured.end());
     }
     return measurements;
 }

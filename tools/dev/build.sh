@@ -29,10 +29,9 @@ prepare_targets() { # [TARGET]; leaves them in targets
     fi
 }
 
-# Builds one target, configuring it when it was not, or was for other dependencies.
-build_target() { # TARGET [CMAKE-TARGET]...
+# Configures one target when it was not, or was for other dependencies.
+configure_target() { # TARGET
     local target=$1 folder=$root/build/$1 used
-    shift
     used=$(dependencies_in_use "${platform_of[$target]}")
     if [[ ! -f $folder/build.ninja || $(cat "$folder/dependencies.txt" 2>/dev/null) != "$used" ]]; then
         rm -rf "$folder"
@@ -40,6 +39,13 @@ build_target() { # TARGET [CMAKE-TARGET]...
         logged "$folder/configure.log" cmake --preset "$target" -S "$root" || return 1
         printf '%s\n' "$used" >"$folder/dependencies.txt"
     fi
+}
+
+# Builds one target.
+build_target() { # TARGET [CMAKE-TARGET]...
+    local target=$1 folder=$root/build/$1
+    shift
+    configure_target "$target" || return 1
     timed "[build] $target" cmake --build "$folder" -j "$jobs" ${1:+--target "$@"}
 }
 

@@ -29,6 +29,7 @@ version_of() { # DEPENDENCY
     case $1 in
     gtest) dpkg-query -W -f '${Version}' libgtest-dev ;;
     cli11) dpkg-query -W -f '${Version}' libcli11-dev ;;
+    benchmark) dpkg-query -W -f '${Version}' libbenchmark-dev ;;
     *) echo "${pinned_versions[$1]%% *}" ;;
     esac
 }

@@ -37,8 +37,9 @@ unpack_message_files() {
     done
 }
 
-unpack_po_files() {
-    local package list
+# Downloads source packages of the machine's own suite into the current folder.
+download_sources() { # PACKAGE...
+    local list
     list=$(
         # shellcheck source=/dev/null
         pinned_suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
@@ -47,11 +48,16 @@ unpack_po_files() {
     mkdir -p lists/partial
     local options=(-o "Dir::Etc::sourcelist=$list" -o Dir::Etc::sourceparts=- -o "Dir::State::Lists=$PWD/lists"
         -o Dir::Cache::pkgcache= -o Dir::Cache::srcpkgcache= -o APT::Sandbox::User=root)
-    apt-get update -qq --error-on=any "${options[@]}" || return 1
+    apt-get update -qq --error-on=any "${options[@]}" &&
+        apt-get source --download-only -qq "${options[@]}" "$@"
+}
+
+unpack_po_files() {
+    local package
+    download_sources "${po_packages[@]}" || return 1
     for package in "${po_packages[@]}"; do
         mkdir "files/$package"
-        apt-get source --download-only -qq "${options[@]}" "$package" &&
-            tar -x -f "$package"_*.orig.tar.?z -C "files/$package" --strip-components 1 --wildcards '*/po/*.po' ||
+        tar -x -f "$package"_*.orig.tar.?z -C "files/$package" --strip-components 1 --wildcards '*/po/*.po' ||
             return 1
     done
 }
