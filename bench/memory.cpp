@@ -1,12 +1,10 @@
 #include "bench/contest.hpp"
 #include "bench/heap.hpp"
 #include "bench/our_catalogs.hpp"
-#include "catalogs/catalog_file_loader.hpp"
-#include "tests/support/temporary_directory.hpp"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
-#include <memory>
+#include <fl/i18n/message_catalog.hpp>
 #include <unordered_map>
 
 // Bytes for each of 10,000 messages in memory.
@@ -24,16 +22,9 @@ void report_bytes(benchmark::State & state, double bytes) {
 }
 
 void ours(benchmark::State & state) {
-    test::temporary_directory const directory;
-    directory.write(u"all.xml", catalog_file(0, message_count));
-    auto store = std::make_shared<i18n::XMLCatalogDataStore>();
-    i18n::XMLCatalogFileLoader loader;
-    bool loaded = false;
-    double const bytes = heap_growth([&] { loaded = loader.load(directory.path() / u"all.xml", store); });
-    if (!loaded) {
-        state.SkipWithError("not loaded");
-        return;
-    }
+    i18n::CatalogID const id = in_one_catalog()[0].getCatalogID();
+    i18n::MessageCatalog::FlushCatalogFromCache(id);
+    double const bytes = heap_growth([&id] { i18n::MessageCatalog::GetMessageCatalog(id); });
     report_bytes(state, bytes / message_count);
 }
 

@@ -25,11 +25,18 @@ public:
 
     /// Writes the file of the catalog "bench:NAME".
     void write(std::string const & name, std::string const & bytes) const {
-        std::string const file = std::string("resources/bench/") + language + '/' + name + ".xml";
+        std::string const file = file_of(name);
         directory_.write(std::u16string(file.begin(), file.end()), bytes);
+    }
+    std::string full_name_of(std::string const & name) const {
+        return directory_.name() + '/' + file_of(name);
     }
 
 private:
+    static std::string file_of(std::string const & name) {
+        return std::string("resources/bench/") + language + '/' + name + ".xml";
+    }
+
     test::temporary_directory directory_;
 };
 
@@ -76,6 +83,11 @@ std::string catalog_file(std::uint32_t first, std::uint32_t count) {
 std::vector<MessageID> const & in_one_catalog() {
     static std::vector<MessageID> const result = write_one_catalog();
     return result;
+}
+
+std::string file_of_one_catalog() {
+    in_one_catalog();
+    return root().full_name_of("all");
 }
 
 std::vector<MessageID> const & in_many_catalogs() {

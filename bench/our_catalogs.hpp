@@ -12,6 +12,9 @@ std::string catalog_file(std::uint32_t first, std::uint32_t count);
 /// Returns the identifiers of the contests' messages, all in one catalog.
 std::vector<i18n::MessageID> const & in_one_catalog();
 
+/// Returns the name of that catalog's file.
+std::string file_of_one_catalog();
+
 /// Returns the identifiers of the contests' messages, each in a catalog of its own. The first call writes and
 /// loads them all.
 std::vector<i18n::MessageID> const & in_many_catalogs();
