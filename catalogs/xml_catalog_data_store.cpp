@@ -113,8 +113,9 @@ void XMLCatalogDataStore::seal(message_pool & pool) {
     std::copy(slots_.begin(), slots_.end(), slots);
     std::copy(units_.begin(), units_.end(), units);
     texts_ = {units, {slots, slots_.size()}};
-    slots_ = {};
-    units_ = {};
+    // Assigning {} would keep the memory.
+    slots_ = std::vector<message_slot>();
+    units_ = std::vector<char16_t>();
 }
 
 } // namespace fl::i18n
