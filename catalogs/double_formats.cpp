@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <fl/i18n/catalog_config.hpp>
+#include <limits>
 #include <string_view>
 
 namespace fl::i18n {
@@ -93,14 +95,11 @@ char16_t * write_other(double value, char16_t * out) {
 /// Writes the shorter of two forms; of equal ones the scientific.
 char16_t * write_shorter(decimal_number const & number, int fraction_digits, int significant_digits,
                          char16_t * out) {
-    std::array<char16_t, longest_double> scientific;
-    char16_t * const scientific_end =
-        write_finite(number, at_most(1, fraction_digits, significant_digits), scientific.data());
-    char16_t * const end = write_finite(number, at_most(0, fraction_digits, significant_digits), out);
-    if (scientific_end - scientific.data() <= end - out) {
-        return std::copy(scientific.data(), scientific_end, out);
-    }
-    return end;
+    std::array<char16_t, longest_double> simple;
+    auto const size =
+        write_finite(number, at_most(0, fraction_digits, significant_digits), simple.data()) - simple.data();
+    char16_t * const end = write_finite(number, at_most(1, fraction_digits, significant_digits), out);
+    return end - out <= size ? end : std::copy_n(simple.data(), size, out);
 }
 
 char16_t * write_sign(double value, char16_t * out) {
@@ -110,7 +109,24 @@ char16_t * write_sign(double value, char16_t * out) {
     return out;
 }
 
+/// Returns a number of decimal digits that is enough for so many bits.
+std::size_t digits_for(std::size_t bits) {
+    return bits * 78 / 256 + 1;
+}
+
 } // namespace
+
+std::size_t room_for(std::int64_t value) {
+    auto const bits = static_cast<std::uint64_t>(value);
+    return value < 0 ? 1 + digits_for(std::bit_width(0 - bits)) : digits_for(std::bit_width(bits));
+}
+
+std::size_t room_for(double value) {
+    // Besides those before the point: a sign, a point, 15 digits and another, an exponent with a sign.
+    constexpr std::size_t others = 24;
+    int const exponent = static_cast<int>(std::bit_cast<std::uint64_t>(value) >> 52 & 0x7FF) - 1022;
+    return digits_for(static_cast<std::size_t>(std::max(exponent, 0))) + others;
+}
 
 numeric_format default_double_format() {
     auto const provider = messagecatalog::ConfigurationManagerFactory::Get().FindDoubleFormat();
@@ -152,7 +168,7 @@ char16_t * write_number(double value, int fraction_digits, char16_t * out) {
 }
 
 char16_t * write_integer(std::int64_t value, char16_t * out) {
-    std::array<char, longest_integer> text;
+    std::array<char, std::numeric_limits<std::int64_t>::digits10 + 2> text; // with a digit more and a sign
     char const * const end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
     return std::copy(static_cast<char const *>(text.data()), end, out);
 }

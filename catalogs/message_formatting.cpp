@@ -17,8 +17,8 @@ ustring format_message(std::u16string_view message, std::vector<MessageCatalog::
         if (args.size() != simple.distinct_holes()) {
             boost::throw_exception(MessageCatalog::IncorrectHoleCount(simple.distinct_holes(), args.size()));
         }
-        if (auto const room = simple.room_for(args)) {
-            return simple.fill(args, format, *room);
+        if (auto const room = simple.room_for(args); room != simple_message::too_much) {
+            return simple.fill(args, format, room);
         }
     }
     return message_pattern(message).fill(args, format);

@@ -40,10 +40,9 @@ char16_t * write_utf8(std::string_view text, char16_t * out) {
     return out + written;
 }
 
-/// The most units that an argument takes.
-struct most_units_of {
-    std::size_t operator()(std::int64_t) const { return longest_integer; }
-    std::size_t operator()(double) const { return longest_double; }
+struct room_for_argument {
+    std::size_t operator()(std::int64_t value) const { return i18n::room_for(value); }
+    std::size_t operator()(double value) const { return i18n::room_for(value); }
     std::size_t operator()(ustring const & value) const { return value.size(); }
     std::size_t operator()(std::string const & value) const { return value.size(); }
 };
@@ -164,7 +163,7 @@ bool simple_message::read_hole(std::size_t & at) {
     return true;
 }
 
-std::optional<std::size_t> simple_message::room_for(std::vector<Argument> const & args) const {
+std::size_t simple_message::room_for(std::vector<Argument> const & args) const {
     std::size_t units = message_.size();
     for (std::size_t i = 0; i < count_; ++i) {
         auto const & [begin, end, number, what] = replacements_[i];
@@ -172,15 +171,15 @@ std::optional<std::size_t> simple_message::room_for(std::vector<Argument> const 
             continue;
         }
         if (number >= args.size() || (what != kind::plain && !is_number(args[number]))) {
-            return std::nullopt;
+            return too_much;
         }
-        std::size_t const more = std::visit(most_units_of(), args[number]);
+        std::size_t const more = std::visit(room_for_argument(), args[number]);
         if (more > size_limit) {
-            return std::nullopt;
+            return too_much;
         }
         units += more;
     }
-    return units <= size_limit ? std::optional(units) : std::nullopt;
+    return units <= size_limit ? units : too_much;
 }
 
 /// Writes arguments to where there is room for them.
@@ -223,17 +222,14 @@ ustring simple_message::fill(std::vector<Argument> const & args, std::optional<n
     if (count_ == 0) {
         return ustring(message_);
     }
-    std::array<char16_t, 1024> local;
-    std::unique_ptr<char16_t[]> large;
-    char16_t * begin = local.data();
-    if (room > local.size()) {
-        large = std::make_unique_for_overwrite<char16_t[]>(room);
-        begin = large.get();
-    }
-    return ustring(begin, write_all(args, writer(begin, format)));
+    ustring result(room, u'\0');
+    writer to(result.data(), format);
+    write_all(args, to);
+    result.resize(static_cast<std::size_t>(to.end() - result.data()));
+    return result;
 }
 
-char16_t * simple_message::write_all(std::vector<Argument> const & args, writer to) const {
+void simple_message::write_all(std::vector<Argument> const & args, writer & to) const {
     std::size_t done = 0;
     for (std::size_t i = 0; i < count_; ++i) {
         auto const & replaced = replacements_[i];
@@ -244,7 +240,6 @@ char16_t * simple_message::write_all(std::vector<Argument> const & args, writer 
         done = replaced.end;
     }
     to.write(message_.substr(done));
-    return to.end();
 }
 
 } // namespace fl::i18n

@@ -15,6 +15,8 @@ namespace fl::i18n {
 /// same result.
 class simple_message {
 public:
+    static constexpr auto too_much = static_cast<std::size_t>(-1);
+
     /// Reads a message, which must outlive the object. It is not simple when it has anything else, such as
     /// quoted text, names of holes or unusual spelling, or when it is very large.
     explicit simple_message(std::u16string_view message);
@@ -24,9 +26,9 @@ public:
     /// Returns the number of different holes.
     std::size_t distinct_holes() const { return distinct_holes_; }
     /// Returns a number of units that is enough for the message with its holes filled from as many arguments
-    /// as it has different holes; nothing when that is left to ICU, since an argument does not fit its hole,
-    /// is missing or is very large.
-    std::optional<std::size_t> room_for(std::vector<MessageCatalog::Argument> const & args) const;
+    /// as it has different holes; `too_much` when that is left to ICU, since an argument does not fit its
+    /// hole, is missing or is very large.
+    std::size_t room_for(std::vector<MessageCatalog::Argument> const & args) const;
     /// Returns the message filled, in the room that there is for it.
     ///
     /// Exceptions of the provider of the numeric format pass through.
@@ -48,7 +50,7 @@ private:
     bool read();
     bool read_apostrophe(std::size_t & at);
     bool read_hole(std::size_t & at);
-    char16_t * write_all(std::vector<MessageCatalog::Argument> const & args, writer to) const;
+    void write_all(std::vector<MessageCatalog::Argument> const & args, writer & to) const;
 
     std::u16string_view message_;
     std::array<replacement, 32> replacements_; ///< only the first `count_` have values
