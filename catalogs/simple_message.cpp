@@ -63,34 +63,37 @@ public:
         , end_(end) {}
 
     /// Returns whether a hole of a kind known here is there.
-    bool read(replacement & hole) { return read_number(hole.number) && read_type(hole.what) && take(u'}'); }
+    bool read() { return read_number() && read_type() && take(u'}'); }
 
-    /// Returns where the text that is still to be read begins.
+    /// Return what was read, and where the text that is still to be read begins.
+    unsigned number() const { return number_; }
+    kind type() const { return type_; }
     char16_t const * position() const { return at_; }
 
 private:
-    bool read_number(std::uint8_t & number) {
+    bool read_number() {
         skip_spaces();
-        number = 0;
-        char16_t const * const begin = at_;
-        while (at_ != end_ && ascii::is_digit(*at_) && number < 10 && (at_ == begin || number != 0)) {
-            number = static_cast<std::uint8_t>(10 * number + (*at_++ - u'0'));
+        if (at_ == end_ || !ascii::is_digit(*at_)) {
+            return false;
         }
-        return at_ != begin && number < most_holes;
+        number_ = static_cast<unsigned>(*at_++ - u'0');
+        if (number_ != 0 && at_ != end_ && ascii::is_digit(*at_)) {
+            number_ = 10 * number_ + static_cast<unsigned>(*at_++ - u'0');
+        }
+        return number_ < most_holes;
     }
-    bool read_type(kind & type) {
-        type = kind::plain;
+    bool read_type() {
         if (!take(u',')) {
             return true;
         }
-        type = kind::number;
+        type_ = kind::number;
         if (!take(u"number")) {
             return false;
         }
         if (!take(u',')) {
             return true;
         }
-        type = kind::integer;
+        type_ = kind::integer;
         return take(u"integer");
     }
 
@@ -115,6 +118,8 @@ private:
 
     char16_t const * at_;
     char16_t const * end_;
+    unsigned number_ = 0;
+    kind type_ = kind::plain;
 };
 
 simple_message::simple_message(std::u16string_view message)
@@ -148,18 +153,17 @@ bool simple_message::read_apostrophe(std::size_t & at) {
 
 bool simple_message::read_hole(std::size_t & at) {
     char16_t const * const begin = message_.data();
-    hole_reader reader(begin + at + 1, begin + message_.size());
-    replacement & hole = replacements_[count_];
-    if (!reader.read(hole)) {
+    hole_reader hole(begin + at + 1, begin + message_.size());
+    if (!hole.read()) {
         return false;
     }
-    hole.begin = static_cast<std::uint32_t>(at);
-    at = static_cast<std::size_t>(reader.position() - begin);
-    hole.end = static_cast<std::uint32_t>(at);
-    std::uint64_t const bit = std::uint64_t{1} << hole.number;
+    auto const end = static_cast<std::size_t>(hole.position() - begin);
+    replacements_[count_++] = {static_cast<std::uint32_t>(at), static_cast<std::uint32_t>(end),
+                               static_cast<std::uint8_t>(hole.number()), hole.type()};
+    at = end;
+    std::uint64_t const bit = std::uint64_t{1} << hole.number();
     distinct_holes_ += (holes_ & bit) == 0;
     holes_ |= bit;
-    ++count_;
     return true;
 }
 
