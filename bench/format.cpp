@@ -8,7 +8,7 @@
 #include <vector>
 
 // Messages with their holes filled, beside ICU's formatter built for each message, as the rule for such
-// messages goes, and one built beforehand.
+// messages goes (with its locale), and one built beforehand.
 
 namespace fl::bench {
 namespace {
@@ -35,9 +35,8 @@ message const messages[] = {
     {"plural", u"{0,plural,one{One file}other{# files}} in {1}", {std::int64_t{3}, ustring(u"src")}},
 };
 
-icu::Locale const & locale() {
-    static icu::Locale const posix("en", "US", "POSIX");
-    return posix;
+icu::Locale locale() {
+    return {"en", "US", "POSIX"};
 }
 
 icu::MessageFormat build(message const & m) {

@@ -111,6 +111,8 @@ bool message_pattern::has_named_holes() const {
 }
 
 void message_pattern::collect_holes(icu::MessagePattern const & parsed) {
+    constexpr std::int32_t least_parts = 3; // of a hole
+    holes_.reserve(static_cast<std::size_t>(parsed.countParts() / least_parts));
     for (std::int32_t i = 0; i < parsed.countParts(); ++i) {
         auto const & part = parsed.getPart(i);
         if (part.getType() != UMSGPAT_PART_TYPE_ARG_START) {
