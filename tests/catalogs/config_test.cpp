@@ -62,6 +62,15 @@ TEST(ConfigurationRegistry, KeepsOneObjectOfEachKind) {
     *format = numeric_format{99};
     EXPECT_THROW(write(0.5), std::out_of_range);
     EXPECT_EQ(MessageCatalog::GetFormattedMessage(u"{0}", {ustring(u"no double")}), u"no double");
+    std::vector<MessageCatalog::Argument> const two_doubles{0.5, 0.5};
+    EXPECT_THROW(MessageCatalog::GetFormattedMessage(u"{1,select,other{{0}}}", two_doubles),
+                 std::out_of_range);
+    for (ustring const refused : {u"{0} {1,nonsense}", u"{0} {1", u"{0} {1,nonsense} {2}"}) {
+        EXPECT_THROW(MessageCatalog::GetFormattedMessage(refused, two_doubles),
+                     MessageCatalog::MessageFormatIncorrect);
+    }
+    EXPECT_THROW(MessageCatalog::GetFormattedMessage(u"{0}", two_doubles),
+                 MessageCatalog::IncorrectHoleCount);
     *format = numeric_format::simple_short;
 
     EXPECT_EQ(registry.GetCriticalCatalogs().GetCriticalCatalogIds().at(0).getCatalogID(), "a:b");
