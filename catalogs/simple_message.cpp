@@ -20,10 +20,6 @@ constexpr std::size_t size_limit = std::size_t{1} << 26;
 /// Hole numbers are below this.
 constexpr std::size_t most_holes = 64;
 
-char16_t * copy(std::u16string_view text, char16_t * out) {
-    return std::copy(text.begin(), text.end(), out);
-}
-
 /// Writes UTF-8 text, with U+FFFD for what is malformed; it takes at most a unit for each byte.
 char16_t * write_utf8(std::string_view text, char16_t * out) {
     auto at = text.begin();
@@ -195,7 +191,7 @@ public:
 
     char16_t * end() const { return out_; }
 
-    void write(std::u16string_view text) { out_ = copy(text, out_); }
+    void write(std::u16string_view text) { out_ = std::copy(text.begin(), text.end(), out_); }
     void write(Argument const & arg, kind what) {
         what_ = what;
         std::visit(*this, arg);
