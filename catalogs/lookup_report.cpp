@@ -1,6 +1,7 @@
 #include <fl/i18n/lookup_report.hpp>
 
 #include "catalogs/catalog_service.hpp"
+#include "catalogs/message_formatting.hpp"
 #include "catalogs/message_pattern.hpp"
 
 #include <fl/i18n/fallback_locales.hpp>
@@ -36,7 +37,7 @@ void fill_holes(std::vector<MessageCatalog::Argument> const & args,
         report.holes.push_back({ustring(hole.name), hole.type()});
     }
     report.holes_expected = pattern.expected_arguments();
-    report.text = pattern.fill(args, format);
+    report.text = format_message(report.raw_text, args, format);
     report.step = LookupStep::done;
 }
 
