@@ -2,6 +2,7 @@
 
 #include "foundation/hash.hpp"
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -27,7 +28,7 @@ struct catalog_key {
         key.reserve(id.size() + 1 + locale.size());
         return key.append(id).append(1, ':').append(locale);
     }
-    std::size_t hash() const { return hash_text(id, hash_text(locale)); }
+    std::size_t hash() const { return hash_text(id) ^ std::rotl(hash_text(locale), 1); }
     /// Tells whether `key` consists of the two parts.
     bool is(std::string_view key) const {
         return key.size() == id.size() + 1 + locale.size() && key[id.size()] == ':' && key.starts_with(id) &&

@@ -2,7 +2,6 @@
 
 #include "foundation/process_singleton.hpp"
 
-#include <atomic>
 #include <boost/throw_exception.hpp>
 #include <memory>
 #include <mutex>
@@ -15,9 +14,6 @@ namespace {
 
 constinit process_singleton<ConfigurationManager> process_registry;
 constinit ConfigurationManager::ConfigErrorCategory const category{};
-/// Whether the one registry has a provider of the numeric format: doubles ask for it far more often than
-/// there is one.
-constinit std::atomic<bool> has_double_format = false;
 
 [[noreturn]] void throw_not_found() {
     boost::throw_exception(std::runtime_error("Configuration not found"));
@@ -49,7 +45,7 @@ std::error_code ConfigurationManager::Set(ConfigKind kind, Config config) {
     std::unique_lock const lock(mutex_);
     bool const added = configs_.try_emplace(kind, std::move(config)).second;
     if (kind == ConfigKind::double_format) {
-        has_double_format.store(true, std::memory_order_release);
+        has_double_format_.store(true, std::memory_order_release);
     }
     return added ? ConfigError::success : ConfigError::already_exists;
 }
@@ -77,7 +73,7 @@ std::optional<CriticalMessageCatalog> ConfigurationManager::FindCriticalCatalogs
 }
 
 std::optional<DoubleFormatProvider> ConfigurationManager::FindDoubleFormat() const {
-    if (!has_double_format.load(std::memory_order_acquire)) {
+    if (!has_double_format_.load(std::memory_order_acquire)) {
         return std::nullopt;
     }
     return as<DoubleFormatProvider>(find(ConfigKind::double_format));

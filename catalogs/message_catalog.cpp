@@ -15,10 +15,9 @@ using resource_core::BaseMsgID;
 
 namespace {
 
-ustring localised(detail::message_id_parts const & id, QzLocale const & locale,
-                  std::optional<numeric_format> const & format = std::nullopt) {
-    message_texts const texts = process_catalog_service().get_texts(id.catalog, locale);
-    return format_message(find_text(texts, id.catalog, id.key), {}, format);
+ustring find_message(std::string_view catalog, std::string_view key, QzLocale const & locale) {
+    message_texts const texts = process_catalog_service().get_texts(catalog, locale);
+    return format_message(find_text(texts, catalog, key));
 }
 
 } // namespace
@@ -83,13 +82,14 @@ boost::shared_ptr<MessageCatalog const> MessageCatalog::openCatalog(BaseCatalogI
     return openCatalog(id, QzLocale::global());
 }
 
+// Without arguments there is nothing for the format to write.
 ustring MessageCatalog::get_message(BaseMsgID const & id, QzLocale const & locale,
-                                    std::optional<numeric_format> const & format) {
+                                    std::optional<numeric_format> const &) {
     auto const parts = detail::split_message_id(detail::identifier_access::text(id));
     if (!parts) {
         boost::throw_exception(MessageID::badMessageIDException());
     }
-    return localised(*parts, locale, format);
+    return find_message(parts->catalog, parts->key, locale);
 }
 
 ustring MessageCatalog::get_message(BaseMsgID const & id) {
@@ -97,7 +97,8 @@ ustring MessageCatalog::get_message(BaseMsgID const & id) {
 }
 
 ustring MessageCatalog::get_message(MessageID const & id, QzLocale const & locale) {
-    return localised(detail::identifier_access::parts(id), locale);
+    auto const [catalog, key] = detail::identifier_access::parts(id);
+    return find_message(catalog, key, locale);
 }
 
 ustring MessageCatalog::get_message(MessageID const & id) {

@@ -2,13 +2,25 @@
 
 #include "catalogs/message_pattern.hpp"
 #include "catalogs/simple_message.hpp"
+#include "foundation/find_unit.hpp"
 
 #include <algorithm>
 #include <boost/throw_exception.hpp>
+#include <cstdint>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/message_catalog.hpp>
 
 namespace fl::i18n {
+
+namespace {
+
+/// Tells whether a message without arguments is its own result: it has neither holes nor apostrophes.
+bool is_plain(std::u16string_view message) {
+    char16_t const * const end = message.data() + message.size();
+    return message.size() <= INT32_MAX && find_either(message.data(), end, u'{', u'\'') == end;
+}
+
+} // namespace
 
 ustring format_message(std::u16string_view message, std::vector<MessageCatalog::Argument> const & args,
                        std::optional<numeric_format> const & format) {
@@ -22,6 +34,10 @@ ustring format_message(std::u16string_view message, std::vector<MessageCatalog::
         }
     }
     return message_pattern(message).fill(args, format);
+}
+
+ustring format_message(std::u16string_view message) {
+    return is_plain(message) ? ustring(message) : format_message(message, {}, std::nullopt);
 }
 
 ustring MessageCatalog::GetFormattedMessage(ustring const & message, std::vector<Argument> const & args,

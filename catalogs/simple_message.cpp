@@ -219,9 +219,6 @@ private:
 
 ustring simple_message::fill(std::vector<Argument> const & args, std::optional<numeric_format> const & format,
                              std::size_t room) const {
-    if (count_ == 0) {
-        return ustring(message_);
-    }
     ustring result(room, u'\0');
     writer to(result.data(), format);
     write_all(args, to);

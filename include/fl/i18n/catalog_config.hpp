@@ -5,6 +5,7 @@
 #include <fl/i18n/numeric_format.hpp>
 #include <fl/i18n/ustring_type.hpp>
 
+#include <atomic>
 #include <functional>
 #include <optional>
 #include <shared_mutex>
@@ -158,6 +159,7 @@ private:
     std::optional<Config> find(ConfigKind kind) const;
 
     std::unordered_map<ConfigKind, Config> configs_;
+    std::atomic<bool> has_double_format_ = false; // doubles ask for a format far more often than there is one
     mutable std::shared_timed_mutex mutex_;
 };
 
