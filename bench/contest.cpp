@@ -28,12 +28,7 @@ contest_messages make_messages() {
         result.narrow_texts.push_back(text);
         result.texts.emplace_back(text.begin(), text.end());
     }
-    result.order.resize(message_count);
-    std::iota(result.order.begin(), result.order.end(), 0U);
-    std::uint64_t state = 5;
-    for (std::uint32_t i = message_count; i > 1; --i) {
-        std::swap(result.order[i - 1], result.order[next_random(state) % i]);
-    }
+    result.order = permutation(message_count);
     return result;
 }
 
@@ -54,6 +49,16 @@ std::string text_of(std::uint32_t message) {
         text[i] = i % 7 == 6 ? ' ' : random_letter(state);
     }
     return text;
+}
+
+std::vector<std::uint32_t> permutation(std::uint32_t count) {
+    std::vector<std::uint32_t> result(count);
+    std::iota(result.begin(), result.end(), 0U);
+    std::uint64_t state = 5;
+    for (std::uint32_t i = count; i > 1; --i) {
+        std::swap(result[i - 1], result[next_random(state) % i]);
+    }
+    return result;
 }
 
 contest_messages const & messages() {

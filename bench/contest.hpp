@@ -25,6 +25,9 @@ struct contest_messages {
 
 contest_messages const & messages();
 
+/// Returns the numbers below `count` in an order that looks random, and is always the same.
+std::vector<std::uint32_t> permutation(std::uint32_t count);
+
 /// The locale in which they are looked up, and the language whose catalogs are found for it.
 inline constexpr char locale_name[] = "ja_JP";
 inline constexpr char language[] = "ja";

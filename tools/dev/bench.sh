@@ -50,20 +50,20 @@ run_benchmark() { # TARGET PROGRAM OPTION...
     fi
 }
 
-build_benchmarks() { # TARGET
+build_benchmarks() { # TARGET PROGRAM...
     if [[ $1 == windows ]]; then
         prepare_benchmark_library || return 1
     fi
     configure_target "$1" &&
         logged "$root/build/$1/configure.log" cmake -D FL_I18N_BUILD_BENCHMARKS=ON "$root/build/$1" &&
-        build_target "$1" fl_i18n_bench fl_i18n_internal_bench
+        build_target "$@"
 }
 
 # Measures what both programs know, and makes one table of it.
 bench_target() { # TARGET OPTION...
     local target=$1 place=$root/build/bench program
     shift
-    build_benchmarks "$target" || die "building the benchmarks for $target failed"
+    build_benchmarks "$target" fl_i18n_bench fl_i18n_internal_bench || die "building the benchmarks for $target failed"
     mkdir -p "$place"
     : >"$place/$target.tsv"
     for program in fl_i18n_bench fl_i18n_internal_bench; do
@@ -76,8 +76,26 @@ bench_target() { # TARGET OPTION...
     say "[bench] $place/$target.txt; all figures in $target.tsv beside it"
 }
 
+# Measures how costs grow, and draws it.
+bench_growth() {
+    local place=$root/build/bench/growth
+    need_packages gnuplot-nox fonts-dejavu-core
+    mkdir -p "$place"
+    build_benchmarks linux fl_i18n_growth || die "building failed"
+    timed "[bench] growth" "$root/build/linux/bin/fl_i18n_growth" "$place" || die "the benchmarks failed"
+    gnuplot -e "directory='$place'; picture='$root/docs/growth.png'" bench/growth.gp || die "drawing failed"
+    say "[bench] docs/growth.png; all figures in $place"
+}
+
 command_bench() {
     local targets target named=()
+    if [[ ${1:-} == --growth ]]; then
+        (($# == 1)) || die "usage: ./dev bench --growth"
+        prepare_target linux
+        need_packages "${bench_packages[@]}" "${peer_packages[@]}"
+        bench_growth
+        return
+    fi
     if [[ -n ${1:-} && $1 != -* ]]; then
         [[ $1 == linux || $1 == windows ]] || die "only linux and windows are measured"
         named=("$1")
