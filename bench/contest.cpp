@@ -20,18 +20,6 @@ char random_letter(std::uint64_t & state) {
     return static_cast<char>('a' + next_random(state) % 26);
 }
 
-contest_messages make_messages() {
-    contest_messages result;
-    for (std::uint32_t i = 0; i < message_count; ++i) {
-        result.keys.push_back(key_of(i));
-        std::string const text = text_of(i);
-        result.narrow_texts.push_back(text);
-        result.texts.emplace_back(text.begin(), text.end());
-    }
-    result.order = permutation(message_count);
-    return result;
-}
-
 } // namespace
 
 std::string key_of(std::uint32_t message) {
@@ -62,7 +50,16 @@ std::vector<std::uint32_t> permutation(std::uint32_t count) {
 }
 
 contest_messages const & messages() {
-    static contest_messages const result = make_messages();
+    static contest_messages const result = [] {
+        contest_messages made;
+        for (std::uint32_t const i : permutation(message_count)) {
+            std::string const text = text_of(i);
+            made.keys.push_back(key_of(i));
+            made.narrow_texts.push_back(text);
+            made.texts.emplace_back(text.begin(), text.end());
+        }
+        return made;
+    }();
     return result;
 }
 

@@ -14,13 +14,12 @@ std::string text_of(std::uint32_t message);
 
 inline constexpr std::uint32_t message_count = 10'000;
 
-/// 10,000 messages, and the order in which they are asked for.
+/// 10,000 messages in the order in which they are asked for: one that looks random beside that of their
+/// numbers, in which contestants are given them.
 struct contest_messages {
     std::vector<std::string> keys;
     std::vector<std::string> narrow_texts;
     std::vector<std::u16string> texts;
-    /// A permutation of all indices.
-    std::vector<std::uint32_t> order;
 };
 
 contest_messages const & messages();

@@ -57,10 +57,10 @@ std::vector<MessageID> write_one_catalog() {
 
 std::vector<MessageID> write_many_catalogs() {
     std::vector<MessageID> result;
-    for (std::uint32_t i = 0; i < message_count; ++i) {
+    for (std::uint32_t const i : permutation(message_count)) {
         std::string const name = "one" + std::to_string(i);
         root().write(name, catalog_file(i, 1));
-        result.emplace_back(CatalogID("bench:" + name), messages().keys[i]);
+        result.emplace_back(CatalogID("bench:" + name), key_of(i));
     }
     return result;
 }
