@@ -5,7 +5,9 @@
 #include "lookup/resource_search.hpp"
 #include "tests/support/temporary_directory.hpp"
 
+#include <algorithm>
 #include <chrono>
+#include <ctime>
 #include <fl/i18n/locale.hpp>
 #include <fl/i18n/message_catalog.hpp>
 #include <fstream>
@@ -24,24 +26,30 @@ using filesystem::upath;
 using i18n::CatalogID;
 using i18n::MessageCatalog;
 using i18n::MessageID;
-using steady = std::chrono::steady_clock;
 
-constexpr int passes = 15;
+constexpr int usual_passes = 17;
 
-double nanoseconds_since(steady::time_point start) {
-    return std::chrono::duration<double, std::nano>(steady::now() - start).count();
+/// Measures an action in nanoseconds, by the time that the process has used or, for several threads, by that
+/// on the wall.
+template <typename Action>
+double time_of(Action const & action) {
+    std::clock_t const start = std::clock();
+    action();
+    return static_cast<double>(std::clock() - start) * (1e9 / CLOCKS_PER_SEC);
+}
+template <typename Action>
+double wall_time_of(Action const & action) {
+    auto const start = std::chrono::steady_clock::now();
+    action();
+    return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - start).count();
 }
 
-/// Returns the median time of an action, in nanoseconds.
-template <typename Action>
-double median_time(int repetitions, Action const & action) {
-    std::vector<double> times;
-    for (int i = 0; i < repetitions; ++i) {
-        auto const start = steady::now();
-        action();
-        times.push_back(nanoseconds_since(start));
-    }
-    return median(times);
+/// Returns the median of what a measurement says in several passes.
+template <typename Measurement>
+double median_of(int passes, Measurement const & measure) {
+    std::vector<double> values(static_cast<std::size_t>(passes));
+    std::generate(values.begin(), values.end(), measure);
+    return median(values);
 }
 
 /// A root whose catalogs are found for the language of the contests.
@@ -94,10 +102,12 @@ void look_up_all(std::vector<MessageID> const & ids) {
 double lookup_time(std::vector<MessageID> const & ids) {
     look_up_all(ids);
     auto const times = static_cast<int>(std::max<std::size_t>(1, 50'000 / ids.size()));
-    double const pass = median_time(passes, [&] {
-        for (int i = 0; i < times; ++i) {
-            look_up_all(ids);
-        }
+    double const pass = median_of(usual_passes, [&] {
+        return time_of([&] {
+            for (int i = 0; i < times; ++i) {
+                look_up_all(ids);
+            }
+        });
     });
     return pass / times / static_cast<double>(ids.size());
 }
@@ -110,15 +120,12 @@ void grow_entries(std::ostream & out) {
         std::cerr << "[growth] " << count << " messages\n";
         CatalogID const id = root.write("messages" + std::to_string(count), 0, count);
         double const bytes = heap_growth([&id] { MessageCatalog::GetMessageCatalog(id); });
-        std::vector<double> loads;
-        for (int i = 0; i < (count < 1'000'000 ? passes : 5); ++i) {
+        double const load = median_of(count < 1'000'000 ? usual_passes : 5, [&id] {
             MessageCatalog::FlushCatalogFromCache(id);
-            auto const start = steady::now();
-            MessageCatalog::GetMessageCatalog(id);
-            loads.push_back(nanoseconds_since(start));
-        }
+            return time_of([&id] { MessageCatalog::GetMessageCatalog(id); });
+        });
         double const lookup = lookup_time(shuffled_ids({id}, count));
-        out << count << '\t' << lookup << '\t' << median(loads) / count << '\t' << bytes / count << '\n';
+        out << count << '\t' << lookup << '\t' << load / count << '\t' << bytes / count << '\n';
         MessageCatalog::FlushCatalogFromCache(id);
     }
 }
@@ -148,15 +155,17 @@ void grow_threads(std::ostream & out) {
     for (unsigned count = 1; count <= 8; ++count) {
         std::cerr << "[growth] " << count << " threads\n";
         constexpr int rounds = 10;
-        double const time = median_time(passes, [&] {
-            std::vector<std::jthread> threads;
-            for (unsigned i = 0; i < count; ++i) {
-                threads.emplace_back([&ids] {
-                    for (int round = 0; round < rounds; ++round) {
-                        look_up_all(ids);
-                    }
-                });
-            }
+        double const time = median_of(usual_passes, [&] {
+            return wall_time_of([&] {
+                std::vector<std::jthread> threads;
+                for (unsigned i = 0; i < count; ++i) {
+                    threads.emplace_back([&ids] {
+                        for (int round = 0; round < rounds; ++round) {
+                            look_up_all(ids);
+                        }
+                    });
+                }
+            });
         });
         double const rate = rounds * static_cast<double>(ids.size()) * 1e3 / time;
         out << count << '\t' << rate * count << '\t' << rate << '\n';
@@ -180,13 +189,18 @@ void grow_chains(std::ostream & out) {
         std::vector<i18n::ustring> chain;
         for (char16_t const * const name : {u"en_US_POSIX", u"ja", u"ja_JP", u"ja_JP_x"}) {
             chain.insert(chain.begin(), name);
-            double const time = median_time(passes, [&] {
-                if (i18n::resource_search::find({directories, u"growth\\%S\\found.xml", u"%S", chain})
-                        .path.empty()) {
-                    throw std::runtime_error("not found");
-                }
+            constexpr int searches = 200;
+            double const time = median_of(usual_passes, [&] {
+                return time_of([&] {
+                    for (int i = 0; i < searches; ++i) {
+                        if (i18n::resource_search::find({directories, u"growth\\%S\\found.xml", u"%S", chain})
+                                .path.empty()) {
+                            throw std::runtime_error("not found");
+                        }
+                    }
+                });
             });
-            out << '\t' << time / 1e3;
+            out << '\t' << time / searches / 1e3;
         }
         MessageCatalog::MessageCatalogInit(names);
         out << '\t' << lookup_time({1000, MessageID("growth:found:" + key_of(0))}) << '\n';

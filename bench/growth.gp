@@ -2,7 +2,7 @@
 set terminal pngcairo size 1440,860 font "DejaVu Sans,11" background "white"
 set output picture
 set datafile separator "\t"
-set grid lc rgb "#dddddd"
+set grid lt 1 lw 0.6 lc rgb "#dddddd"
 set border 3
 set tics nomirror
 set key top left Left reverse samplen 2
