@@ -42,6 +42,20 @@ std::basic_string<To> convert_exactly(converter<To, From> const & with, From con
         [&](To * destination, std::size_t size) { return with.convert(destination, size, text, length); });
 }
 
+/// Appends what one piece of a text became; `rest` units of the text are still to come.
+///
+/// The first piece tells how much room all will need, as texts are alike from end to end; the string grows
+/// where that is wrong.
+template <class To>
+void append_piece(std::basic_string<To> & result, To const * piece, std::size_t length, std::size_t consumed,
+                  std::size_t rest) {
+    if (result.empty() && rest != 0) {
+        std::size_t const estimate = length + length * rest / consumed;
+        result.reserve(estimate + estimate / 16);
+    }
+    result.append(piece, length);
+}
+
 /// Returns the full result of `pass`, which runs at most twice.
 ///
 /// `pass(destination, capacity)` converts the whole source, writes what fits and returns the full length.

@@ -38,9 +38,45 @@ std::size_t ill_formed_length(std::string_view text) {
     return length;
 }
 
-} // namespace
+/// Decodes one character that is not ASCII and returns its length in bytes, 4 for two units; 0 when it is
+/// ill-formed or incomplete.
+inline std::size_t decode_character(char16_t * to, char const * from, std::size_t length) {
+    unsigned const lead = byte_at(from);
+    if (lead < 0xE0) {
+        if (lead < 0xC2 || length < 2 || trail_bits(from + 1) > 0x3F) {
+            return 0;
+        }
+        *to = static_cast<char16_t>((lead & 0x1F) << 6 | trail_bits(from + 1));
+        return 2;
+    }
+    if (lead < 0xF0) {
+        if (length < 3) {
+            return 0;
+        }
+        unsigned const trail_1 = trail_bits(from + 1);
+        unsigned const trail_2 = trail_bits(from + 2);
+        unsigned const code_point = (lead & 0x0F) << 12 | trail_1 << 6 | trail_2;
+        *to = static_cast<char16_t>(code_point);
+        return (trail_1 | trail_2) > 0x3F || code_point < 0x800 || is_surrogate(code_point) ? 0 : 3;
+    }
+    if (length < 4) {
+        return 0;
+    }
+    unsigned const trail_1 = trail_bits(from + 1);
+    unsigned const trail_2 = trail_bits(from + 2);
+    unsigned const trail_3 = trail_bits(from + 3);
+    unsigned const code_point = (lead & 0x0F) << 18 | trail_1 << 12 | trail_2 << 6 | trail_3;
+    if ((trail_1 | trail_2 | trail_3) > 0x3F || code_point < 0x10000 || code_point > 0x10FFFF) {
+        return 0;
+    }
+    to[0] = static_cast<char16_t>((code_point >> 10) + 0xD7C0);
+    to[1] = static_cast<char16_t>((code_point & 0x3FF) + 0xDC00);
+    return 4;
+}
 
-conversion_progress decode_well_formed_utf8(char16_t * destination, std::string_view source) {
+/// Decodes up to the end, or to the first ill-formed piece where they are not replaced.
+template <bool replacing>
+conversion_progress decode(char16_t * destination, std::string_view source) {
     char const * from = source.data();
     char const * const end = from + source.size();
     char16_t * to = destination;
@@ -48,7 +84,6 @@ conversion_progress decode_well_formed_utf8(char16_t * destination, std::string_
     while (from != end) {
         unsigned const lead = byte_at(from);
         if (lead < 0x80) {
-            // One letter between two that are not ASCII is common in Latin texts.
             std::size_t run = 1;
             *to = static_cast<char16_t>(lead);
             if (rest() > 1 && byte_at(from + 1) < 0x80) {
@@ -56,59 +91,27 @@ conversion_progress decode_well_formed_utf8(char16_t * destination, std::string_
             }
             from += run;
             to += run;
-        } else if (lead < 0xE0) {
-            if (rest() < 2) {
-                break;
-            }
-            unsigned const trail = trail_bits(from + 1);
-            if (lead < 0xC2 || trail > 0x3F) {
-                break;
-            }
-            *to++ = static_cast<char16_t>((lead & 0x1F) << 6 | trail);
-            from += 2;
-        } else if (lead < 0xF0) {
-            if (rest() < 3) {
-                break;
-            }
-            unsigned const trail_1 = trail_bits(from + 1);
-            unsigned const trail_2 = trail_bits(from + 2);
-            unsigned const code_point = (lead & 0x0F) << 12 | trail_1 << 6 | trail_2;
-            if ((trail_1 | trail_2) > 0x3F || code_point < 0x800 || is_surrogate(code_point)) {
-                break;
-            }
-            *to++ = static_cast<char16_t>(code_point);
-            from += 3;
+        } else if (std::size_t const length = decode_character(to, from, rest())) {
+            from += length;
+            to += length == 4 ? 2 : 1;
+        } else if (replacing) {
+            *to++ = u'\xFFFD';
+            from += ill_formed_length({from, rest()});
         } else {
-            if (rest() < 4) {
-                break;
-            }
-            unsigned const trail_1 = trail_bits(from + 1);
-            unsigned const trail_2 = trail_bits(from + 2);
-            unsigned const trail_3 = trail_bits(from + 3);
-            unsigned const code_point = (lead & 0x0F) << 18 | trail_1 << 12 | trail_2 << 6 | trail_3;
-            if ((trail_1 | trail_2 | trail_3) > 0x3F || code_point < 0x10000 || code_point > 0x10FFFF) {
-                break;
-            }
-            *to++ = static_cast<char16_t>((code_point >> 10) + 0xD7C0);
-            *to++ = static_cast<char16_t>((code_point & 0x3FF) + 0xDC00);
-            from += 4;
+            break;
         }
     }
     return {static_cast<std::size_t>(from - source.data()), static_cast<std::size_t>(to - destination)};
 }
 
+} // namespace
+
+conversion_progress decode_well_formed_utf8(char16_t * destination, std::string_view source) {
+    return decode<false>(destination, source);
+}
+
 std::size_t decode_utf8(char16_t * destination, std::string_view source) {
-    std::size_t length = 0;
-    for (;;) {
-        auto const progress = decode_well_formed_utf8(destination + length, source);
-        length += progress.produced;
-        source.remove_prefix(progress.consumed);
-        if (source.empty()) {
-            return length;
-        }
-        destination[length++] = u'\xFFFD';
-        source.remove_prefix(ill_formed_length(source));
-    }
+    return decode<true>(destination, source).produced;
 }
 
 } // namespace fl

@@ -1,15 +1,10 @@
 #pragma once
 
-#include <cstddef>
+#include "foundation/conversion_progress.hpp"
+
 #include <string_view>
 
 namespace fl {
-
-/// How far a conversion came, in units of its source and of its destination.
-struct conversion_progress {
-    std::size_t consumed = 0;
-    std::size_t produced = 0;
-};
 
 /// Decodes UTF-8 up to its end or to the first piece that is ill-formed or incomplete.
 ///

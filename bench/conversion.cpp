@@ -1,0 +1,203 @@
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <cstdint>
+#include <fl/i18n/codecvt.hpp>
+#include <fl/i18n/locale.hpp>
+#include <fl/i18n/ustring.hpp>
+#include <iconv.h>
+#include <memory>
+#include <random>
+#include <stdexcept>
+#include <string>
+#include <unicode/ucnv.h>
+#include <unicode/ustring.h>
+
+namespace {
+
+using namespace fl::i18n;
+
+void check(UErrorCode status) {
+    if (U_FAILURE(status)) {
+        throw std::runtime_error(u_errorName(status));
+    }
+}
+
+std::int32_t length_of(auto const & text) {
+    return static_cast<std::int32_t>(std::size(text));
+}
+
+// What a program makes of ICU's functions: a buffer on the stack for short texts; else either one of the
+// greatest length that is possible, or two passes, the first of which counts when the text does not fit.
+
+template <class To, class Pass>
+std::basic_string<To> in_one_pass(std::size_t most, Pass pass) {
+    if (To buffer[1024]; most <= std::size(buffer)) {
+        return {buffer, static_cast<std::size_t>(pass(buffer, length_of(buffer)))};
+    }
+    std::basic_string<To> result(most, To());
+    result.resize(static_cast<std::size_t>(pass(result.data(), length_of(result))));
+    return result;
+}
+
+template <class To, class Pass>
+std::basic_string<To> in_two_passes(std::size_t source_length, Pass pass) {
+    std::basic_string<To> result(std::min<std::size_t>(source_length, 32768), To());
+    auto const needed = static_cast<std::size_t>(pass(result.data(), length_of(result)));
+    if (needed > result.size()) {
+        result.assign(needed, To());
+        pass(result.data(), length_of(result));
+    }
+    result.resize(needed);
+    return result;
+}
+
+auto from_utf8(std::string const & text) {
+    return [&text](char16_t * to, std::int32_t capacity) {
+        UErrorCode status = U_ZERO_ERROR;
+        std::int32_t needed = 0;
+        u_strFromUTF8WithSub(to, capacity, &needed, text.data(), length_of(text), 0xFFFD, nullptr, &status);
+        return needed;
+    };
+}
+
+auto to_utf8(ustring const & text) {
+    return [&text](char * to, std::int32_t capacity) {
+        UErrorCode status = U_ZERO_ERROR;
+        std::int32_t needed = 0;
+        u_strToUTF8WithSub(to, capacity, &needed, text.data(), length_of(text), 0xFFFD, nullptr, &status);
+        return needed;
+    };
+}
+
+using icu_handle = std::unique_ptr<UConverter, decltype(&ucnv_close)>;
+
+icu_handle open(std::string const & encoding) {
+    UErrorCode status = U_ZERO_ERROR;
+    icu_handle handle(ucnv_open(encoding.c_str(), &status), &ucnv_close);
+    check(status);
+    return handle;
+}
+
+ustring decode(UConverter * converter, std::string const & text) {
+    return in_one_pass<char16_t>(text.size(), [&](char16_t * to, std::int32_t capacity) {
+        UErrorCode status = U_ZERO_ERROR;
+        auto const length = ucnv_toUChars(converter, to, capacity, text.data(), length_of(text), &status);
+        check(status);
+        return length;
+    });
+}
+
+std::string encode(UConverter * converter, ustring const & text) {
+    return in_one_pass<char>(4 * text.size(), [&](char * to, std::int32_t capacity) {
+        UErrorCode status = U_ZERO_ERROR;
+        auto const length = ucnv_fromUChars(converter, to, capacity, text.data(), length_of(text), &status);
+        check(status);
+        return length;
+    });
+}
+
+/// An open iconv conversion between an encoding and UTF-16.
+class iconv_handle {
+public:
+    iconv_handle(char const * to, char const * from)
+        : handle_(iconv_open(to, from)) {}
+    ~iconv_handle() { iconv_close(handle_); }
+    iconv_handle(iconv_handle const &) = delete;
+    iconv_handle & operator=(iconv_handle const &) = delete;
+
+    /// Converts a short text.
+    template <class To, class From>
+    std::basic_string<To> convert(std::basic_string<From> const & text) {
+        To buffer[1024];
+        auto * from = const_cast<char *>(reinterpret_cast<char const *>(text.data()));
+        auto * to = reinterpret_cast<char *>(buffer);
+        std::size_t from_left = text.size() * sizeof(From);
+        std::size_t to_left = sizeof buffer;
+        if (iconv(handle_, &from, &from_left, &to, &to_left) == static_cast<std::size_t>(-1)) {
+            throw std::runtime_error("iconv");
+        }
+        return {buffer, std::size(buffer) - to_left / sizeof(To)};
+    }
+
+private:
+    iconv_t handle_;
+};
+
+template <class Function>
+void add(std::string const & name, Function function) {
+    benchmark::RegisterBenchmark(name.c_str(), [function](benchmark::State & state) {
+        for (auto _ : state) {
+            benchmark::DoNotOptimize(function());
+        }
+    });
+}
+
+/// Returns a text of pieces of another in an order without a pattern, as a processor learns the pattern of a
+/// text that is repeated.
+ustring shuffled(ustring const & text, std::size_t length) {
+    std::minstd_rand random(1);
+    ustring result;
+    while (result.size() < length) {
+        auto const from = random() % text.size();
+        for (char16_t const unit : text.substr(from, 1 + random() % 10)) {
+            // No half of a pair without the other, unless the text has it so.
+            bool const after_high = !result.empty() && U16_IS_LEAD(result.back());
+            if (U16_IS_TRAIL(unit) == after_high || text.find(u'\xD800') != text.npos) {
+                result += unit;
+            }
+        }
+        if (U16_IS_LEAD(result.back())) {
+            result.pop_back();
+        }
+    }
+    result.resize(length - (U16_IS_LEAD(result[length - 1]) ? 1 : 0));
+    return result;
+}
+
+struct script {
+    char const * name;
+    ustring text;
+};
+
+script const scripts[] = {
+    {"ascii", u"Cannot open the file: it is in use by another program. "},
+    {"latin", u"Les \xE9l\xE8ves fran\xE7"
+              u"ais \xE9taient l\xE0-bas, \xE0 c\xF4t\xE9 des autres. "},
+    {"cyrillic", u"\x41D\x435 \x443\x434\x430\x43B\x43E\x441\x44C \x43E\x442\x43A\x440\x44B\x442\x44C "
+                 u"\x444\x430\x439\x43B. "},
+    {"japanese", u"\x30ED\x30B1\x30FC\x30EB\x540D\x304C\x7121\x52B9\x3067\x3059\x3002"
+                 u"\x30D5\x30A1\x30A4\x30EB\x3092\x958B\x3051\x307E\x305B\x3093\x3002"},
+    {"mixed", u"\x65E5\x672C\x8A9E text \x306E"
+              u"ABC\x30C6\x30AD\x30B9\x30C8 12, caf\xE9 \xD83D\xDE00 "},
+    {"emoji", u"\xD83D\xDE00\xD83D\xDE01 ok \xD83D\xDE02"},
+    {"lone surrogates", u"ab\xD800 cd\xDC00\xE9 "},
+};
+
+void add_utf8() {
+    for (script const & s : scripts) {
+        for (auto const & [size, length] : {std::pair("20 units", 20), {"8 units", 8}, {"1 MB", 500000}}) {
+            auto const utf16 = std::make_shared<ustring>(shuffled(s.text, static_cast<std::size_t>(length)));
+            auto const utf8 = std::make_shared<std::string>(ustring_to_utf8(*utf16));
+            std::string const subject = std::string("/") + s.name + " " + size + "/";
+            add("utf8 to utf16" + subject + "ours", [=] { return utf8_to_ustring(*utf8); });
+            add("utf8 to utf16" + subject + "icu",
+                [=] { return in_one_pass<char16_t>(utf8->size(), from_utf8(*utf8)); });
+            add("utf16 to utf8" + subject + "ours", [=] { return ustring_to_utf8(*utf16); });
+            add("utf16 to utf8" + subject + "icu",
+                [=] { return in_one_pass<char>(3 * utf16->size(), to_utf8(*utf16)); });
+            if (length > 1024) {
+                add("utf8 to utf16" + subject + "icu two passes",
+                    [=] { return in_two_passes<char16_t>(utf8->size(), from_utf8(*utf8)); });
+                add("utf16 to utf8" + subject + "icu two passes",
+                    [=] { return in_two_passes<char>(utf16->size(), to_utf8(*utf16)); });
+            }
+        }
+    }
+}
+
+bool const registered = [] {
+    add_utf8();
+    return true;
+}();
+
+} // namespace
