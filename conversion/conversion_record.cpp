@@ -17,11 +17,32 @@ std::unique_ptr<conversion_record> open_conversion_record(std::string const & en
     return record;
 }
 
-conversion_record & require_record(std::unique_ptr<conversion_record> const & record) {
-    if (!record) {
+named_encoding find_named_encoding(std::string const & name) {
+    named_encoding result;
+    result.shared.reset(name.empty() ? lcmgmt::process_encoding() : lcmgmt::find_encoding(name));
+    if (!result.shared) {
+        result.record = open_conversion_record(name);
+    }
+    return result;
+}
+
+void require_encoding(named_encoding const & encoding) {
+    if (!encoding.shared && !encoding.record) {
         boost::throw_exception(CvtConversionFailure());
     }
-    return *record;
+}
+
+conversion_record & open_record(named_encoding & encoding) {
+    require_encoding(encoding);
+    if (!encoding.record) {
+        auto record = std::make_unique<conversion_record>();
+        record->converter = encoding.shared->clone();
+        if (!record->converter) {
+            boost::throw_exception(CvtCloneFailure());
+        }
+        encoding.record = std::move(record);
+    }
+    return *encoding.record;
 }
 
 } // namespace fl::i18n::detail

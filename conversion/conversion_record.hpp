@@ -2,7 +2,7 @@
 
 #include "foundation/icu_converter.hpp"
 
-#include <fl/i18n/converter.hpp>
+#include <fl/i18n/codecvt.hpp>
 #include <memory>
 #include <string>
 #include <unicode/ucnv_err.h>
@@ -25,8 +25,16 @@ struct conversion_record {
 /// `CvtInvalidEncodingName`.
 std::unique_ptr<conversion_record> open_conversion_record(std::string const & encoding);
 
-/// Returns the record of a named converter; throws `CvtConversionFailure` when it was moved elsewhere.
-conversion_record & require_record(std::unique_ptr<conversion_record> const & record);
+/// Finds the encoding of a name, the global locale's for an empty one; throws `CvtInvalidEncodingName`.
+named_encoding find_named_encoding(std::string const & name);
+
+/// Throws `CvtConversionFailure` when an encoding was moved elsewhere.
+void require_encoding(named_encoding const & encoding);
+
+/// Returns the record of an encoding, which it opens without a mode where there is none.
+///
+/// Throws `CvtConversionFailure` when the encoding was moved elsewhere, and `CvtCloneFailure`.
+conversion_record & open_record(named_encoding & encoding);
 
 /// Undoes the to-Unicode mode and applies another. On failure the mode is `call_back_default`.
 void apply_to_unicode_mode(conversion_record & record, codecvt_call_back_mode mode);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "conversion/output_buffer.hpp"
+#include "foundation/kept_encoding.hpp"
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <unicode/ucnv.h>
 
 namespace fl::i18n {
@@ -21,6 +23,12 @@ struct driver_limits {
 struct to_unicode_direction {
     using from = char;
     using to = char16_t;
+    /// The most units that tables make of one.
+    static constexpr std::size_t most_units = 1;
+    static conversion_progress by_tables(kept_encoding const & encoding, to * destination,
+                                         std::basic_string_view<from> source) {
+        return encoding.decode(destination, source);
+    }
     static void step(UConverter * converter, to ** next, to const * end, from const ** source,
                      from const * source_end, bool flush, UErrorCode * status) {
         ucnv_toUnicode(converter, next, end, source, source_end, nullptr, flush, status);
@@ -31,6 +39,11 @@ struct to_unicode_direction {
 struct from_unicode_direction {
     using from = char16_t;
     using to = char;
+    static constexpr std::size_t most_units = 3;
+    static conversion_progress by_tables(kept_encoding const & encoding, to * destination,
+                                         std::basic_string_view<from> source) {
+        return encoding.encode(destination, source);
+    }
     static void step(UConverter * converter, to ** next, to const * end, from const ** source,
                      from const * source_end, bool flush, UErrorCode * status) {
         ucnv_fromUnicode(converter, next, end, source, source_end, nullptr, flush, status);

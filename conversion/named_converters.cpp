@@ -1,5 +1,5 @@
 #include "conversion/conversion_record.hpp"
-#include "conversion/driver.hpp"
+#include "conversion/text_conversion.hpp"
 
 #include <fl/i18n/codecvt.hpp>
 
@@ -7,16 +7,46 @@ namespace fl::i18n {
 
 using detail::apply_from_unicode_mode;
 using detail::apply_to_unicode_mode;
-using detail::open_conversion_record;
-using detail::require_record;
+using detail::conversion_record;
+using detail::find_named_encoding;
+using detail::named_encoding;
+using detail::open_record;
+using detail::require_encoding;
+
+namespace {
+
+/// The modes that need no converter before a character does.
+bool is_common(codecvt_call_back_mode mode) {
+    return mode == call_back_default || mode == call_back_stop;
+}
+
+conversion_record & to_unicode_record(named_encoding & encoding) {
+    if (!encoding.record) {
+        apply_to_unicode_mode(open_record(encoding), encoding.first_mode);
+    }
+    return *encoding.record;
+}
+
+conversion_record & from_unicode_record(named_encoding & encoding) {
+    if (!encoding.record) {
+        apply_from_unicode_mode(open_record(encoding), encoding.first_mode, {});
+    }
+    return *encoding.record;
+}
+
+} // namespace
 
 codecvt_string_to_ustring::codecvt_string_to_ustring(std::string const & encoding, bool lenient)
     : codecvt_string_to_ustring(lenient ? call_back_default : call_back_stop, encoding) {}
 
 codecvt_string_to_ustring::codecvt_string_to_ustring(codecvt_call_back_mode mode,
                                                      std::string const & encoding)
-    : record_(open_conversion_record(encoding)) {
-    apply_to_unicode_mode(*record_, mode);
+    : encoding_(find_named_encoding(encoding)) {
+    if (is_common(mode) && !encoding_.record) {
+        encoding_.first_mode = mode;
+    } else {
+        apply_to_unicode_mode(open_record(encoding_), mode);
+    }
 }
 
 codecvt_string_to_ustring::codecvt_string_to_ustring(codecvt_string_to_ustring &&) noexcept = default;
@@ -25,7 +55,7 @@ codecvt_string_to_ustring::operator=(codecvt_string_to_ustring &&) noexcept = de
 codecvt_string_to_ustring::~codecvt_string_to_ustring() = default;
 
 void codecvt_string_to_ustring::change_call_back(codecvt_call_back_mode mode) {
-    apply_to_unicode_mode(require_record(record_), mode);
+    apply_to_unicode_mode(to_unicode_record(encoding_), mode);
 }
 
 void codecvt_string_to_ustring::reset_call_back() {
@@ -33,7 +63,8 @@ void codecvt_string_to_ustring::reset_call_back() {
 }
 
 codecvt_call_back_mode codecvt_string_to_ustring::get_call_back_mode() const {
-    return require_record(record_).to_unicode_mode;
+    require_encoding(encoding_);
+    return encoding_.record ? encoding_.record->to_unicode_mode : encoding_.first_mode;
 }
 
 std::size_t codecvt_string_to_ustring::do_get_destination_size(char const * source,
@@ -43,12 +74,15 @@ std::size_t codecvt_string_to_ustring::do_get_destination_size(char const * sour
 
 std::size_t codecvt_string_to_ustring::do_convert(char16_t * destination, std::size_t destination_length,
                                                   char const * source, std::size_t source_length) const {
-    return run_pass<to_unicode_direction>(require_record(record_).converter.get(), destination,
-                                          destination_length, source, source_length);
+    return convert_text_pass<to_unicode_direction>(
+        encoding_.shared.get(), [this] { return to_unicode_record(encoding_).converter.get(); }, destination,
+        destination_length, {source, source_length});
 }
 
 ustring codecvt_string_to_ustring::do_convert(char const * source, std::size_t source_length) {
-    return run_driver<to_unicode_direction>(require_record(record_).converter.get(), source, source_length);
+    return convert_text<to_unicode_direction>(encoding_.shared.get(),
+                                              [this] { return to_unicode_record(encoding_).converter.get(); },
+                                              {source, source_length});
 }
 
 codecvt_ustring_to_string::codecvt_ustring_to_string(std::string const & encoding, bool lenient)
@@ -57,8 +91,12 @@ codecvt_ustring_to_string::codecvt_ustring_to_string(std::string const & encodin
 codecvt_ustring_to_string::codecvt_ustring_to_string(codecvt_call_back_mode mode,
                                                      std::string const & encoding,
                                                      std::string const & substitution)
-    : record_(open_conversion_record(encoding)) {
-    apply_from_unicode_mode(*record_, mode, substitution);
+    : encoding_(find_named_encoding(encoding)) {
+    if (is_common(mode) && !encoding_.record) {
+        encoding_.first_mode = mode;
+    } else {
+        apply_from_unicode_mode(open_record(encoding_), mode, substitution);
+    }
 }
 
 codecvt_ustring_to_string::codecvt_ustring_to_string(codecvt_ustring_to_string &&) noexcept = default;
@@ -68,7 +106,7 @@ codecvt_ustring_to_string::~codecvt_ustring_to_string() = default;
 
 void codecvt_ustring_to_string::change_call_back(codecvt_call_back_mode mode,
                                                  std::string const & substitution) {
-    apply_from_unicode_mode(require_record(record_), mode, substitution);
+    apply_from_unicode_mode(from_unicode_record(encoding_), mode, substitution);
 }
 
 void codecvt_ustring_to_string::reset_call_back() {
@@ -76,7 +114,8 @@ void codecvt_ustring_to_string::reset_call_back() {
 }
 
 codecvt_call_back_mode codecvt_ustring_to_string::get_call_back_mode() const {
-    return require_record(record_).from_unicode_mode;
+    require_encoding(encoding_);
+    return encoding_.record ? encoding_.record->from_unicode_mode : encoding_.first_mode;
 }
 
 std::size_t codecvt_ustring_to_string::do_get_destination_size(char16_t const * source,
@@ -86,12 +125,15 @@ std::size_t codecvt_ustring_to_string::do_get_destination_size(char16_t const * 
 
 std::size_t codecvt_ustring_to_string::do_convert(char * destination, std::size_t destination_length,
                                                   char16_t const * source, std::size_t source_length) const {
-    return run_pass<from_unicode_direction>(require_record(record_).converter.get(), destination,
-                                            destination_length, source, source_length);
+    return convert_text_pass<from_unicode_direction>(
+        encoding_.shared.get(), [this] { return from_unicode_record(encoding_).converter.get(); },
+        destination, destination_length, {source, source_length});
 }
 
 std::string codecvt_ustring_to_string::do_convert(char16_t const * source, std::size_t source_length) {
-    return run_driver<from_unicode_direction>(require_record(record_).converter.get(), source, source_length);
+    return convert_text<from_unicode_direction>(
+        encoding_.shared.get(), [this] { return from_unicode_record(encoding_).converter.get(); },
+        {source, source_length});
 }
 
 } // namespace fl::i18n

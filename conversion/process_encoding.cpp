@@ -1,5 +1,5 @@
-#include "conversion/driver.hpp"
 #include "conversion/encoding_diagnostics.hpp"
+#include "conversion/text_conversion.hpp"
 #include "locale/encodings.hpp"
 
 #include <boost/throw_exception.hpp>
@@ -10,19 +10,23 @@ namespace fl::i18n {
 
 namespace {
 
-icu_converter open_process_converter() {
-    if (auto clone = lcmgmt::clone_process_converter()) {
-        return clone;
-    }
-    if (auto opened = lcmgmt::open_encoding(QzLocale::global().getEncoding())) {
-        return opened;
-    }
-    boost::throw_exception(CvtConversionFailure());
-}
-
-ustring convert_to_ustring(char const * text, std::size_t length) {
-    auto const process_converter = open_process_converter();
-    return run_driver<to_unicode_direction>(process_converter.get(), text, length);
+/// Converts a text of or to the process encoding, by a converter that is private to the call where it takes
+/// one.
+template <class Direction>
+auto convert_process_text(std::basic_string_view<typename Direction::from> text) {
+    kept_encoding const * const encoding = lcmgmt::process_encoding();
+    icu_converter converter;
+    auto const open = [&] {
+        converter = encoding ? encoding->clone() : nullptr;
+        if (!converter) {
+            converter = lcmgmt::open_encoding(QzLocale::global().getEncoding());
+        }
+        if (!converter) {
+            boost::throw_exception(CvtConversionFailure());
+        }
+        return converter.get();
+    };
+    return convert_text<Direction>(encoding, open, text);
 }
 
 } // namespace
@@ -32,7 +36,7 @@ ustring to_ustring(std::string const & text) {
         return {};
     }
     diagnose_narrow("to_ustring called with non-ASCII string input: ", text.c_str());
-    return convert_to_ustring(text.data(), text.size());
+    return convert_process_text<to_unicode_direction>(text);
 }
 
 ustring to_ustring(char const * text) {
@@ -40,7 +44,7 @@ ustring to_ustring(char const * text) {
         return {};
     }
     diagnose_narrow("to_ustring called with non-ASCII char * input: ", text);
-    return convert_to_ustring(text, std::char_traits<char>::length(text));
+    return convert_process_text<to_unicode_direction>(text);
 }
 
 ustring to_ustring(std::string const & text, converter<char16_t, char> const & with) {
@@ -56,8 +60,7 @@ std::string to_string(ustring const & text) {
         return {};
     }
     diagnose_to_string(text);
-    auto const process_converter = open_process_converter();
-    return run_driver<from_unicode_direction>(process_converter.get(), text.data(), text.size());
+    return convert_process_text<from_unicode_direction>(text);
 }
 
 std::string to_string(ustring const & text, converter<char, char16_t> const & with) {

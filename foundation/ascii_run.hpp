@@ -11,6 +11,12 @@
 /// nothing beyond `length` is read or written.
 namespace fl {
 
+/// Tells whether a unit is a letter, digit, mark or the space of ASCII.
+template <class Unit>
+constexpr bool is_printable_ascii(Unit unit) {
+    return unit >= 0x20 && unit < 0x7F; // a negative char is not ASCII
+}
+
 namespace ascii_detail {
 
 /// Loads 16, 8 or 4 bytes; the others are 0.
@@ -40,9 +46,10 @@ void store(void * to, __m128i value) {
     }
 }
 
-// The work on `count` units, 16, 8 or 4, from a position on; each returns one bit for each unit that is not
-// ASCII.
+// The work on `count` units, 16, 8 or 4, from a position on; each returns one bit for each unit that ends the
+// run.
 
+template <bool printable>
 struct widen {
     char16_t * to;
     char const * from;
@@ -54,14 +61,18 @@ struct widen {
         if constexpr (count == 16) {
             store<16>(to + at + 8, _mm_unpackhi_epi8(bytes, zero));
         }
-        return static_cast<unsigned>(_mm_movemask_epi8(bytes));
+        __m128i const others = printable ? _mm_or_si128(_mm_cmplt_epi8(bytes, _mm_set1_epi8(0x20)),
+                                                        _mm_cmpeq_epi8(bytes, _mm_set1_epi8(0x7F)))
+                                         : bytes;
+        return static_cast<unsigned>(_mm_movemask_epi8(others)) & ((1u << count) - 1);
     }
     bool unit(std::size_t at) const {
         to[at] = static_cast<unsigned char>(from[at]);
-        return to[at] < 0x80;
+        return printable ? is_printable_ascii(to[at]) : to[at] < 0x80;
     }
 };
 
+template <bool printable>
 struct narrow {
     char * to;
     char16_t const * from;
@@ -73,16 +84,24 @@ struct narrow {
         if (to) {
             store<count>(to + at, _mm_packus_epi16(low, high));
         }
-        __m128i const beyond = _mm_set1_epi16(static_cast<short>(0xFF80));
-        __m128i const ascii = _mm_packs_epi16(_mm_cmpeq_epi16(_mm_and_si128(low, beyond), zero),
-                                              _mm_cmpeq_epi16(_mm_and_si128(high, beyond), zero));
-        return static_cast<unsigned>(_mm_movemask_epi8(ascii)) ^ 0xFFFF;
+        __m128i const ends =
+            _mm_packs_epi16(_mm_cmpeq_epi16(beyond(low), zero), _mm_cmpeq_epi16(beyond(high), zero));
+        return ~static_cast<unsigned>(_mm_movemask_epi8(ends)) & ((1u << count) - 1);
+    }
+    /// Makes 0 of the units that belong to a run.
+    static __m128i beyond(__m128i units) {
+        if constexpr (printable) {
+            __m128i const from_first = _mm_sub_epi16(units, _mm_set1_epi16(0x20));
+            return _mm_subs_epu16(from_first, _mm_set1_epi16(0x7E - 0x20));
+        } else {
+            return _mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xFF80)));
+        }
     }
     bool unit(std::size_t at) const {
         if (to) {
             to[at] = static_cast<char>(from[at]);
         }
-        return from[at] < 0x80;
+        return printable ? is_printable_ascii(from[at]) : from[at] < 0x80;
     }
 };
 
@@ -126,17 +145,27 @@ std::size_t run(Work work, std::size_t length) {
 
 /// Copies the leading ASCII of a narrow text and returns its length.
 inline std::size_t widen_ascii_run(char16_t * to, char const * from, std::size_t length) {
-    return ascii_detail::run(ascii_detail::widen{to, from}, length);
+    return ascii_detail::run(ascii_detail::widen<false>{to, from}, length);
 }
 
 /// Copies the leading ASCII of a UTF-16 text and returns its length.
 inline std::size_t narrow_ascii_run(char * to, char16_t const * from, std::size_t length) {
-    return ascii_detail::run(ascii_detail::narrow{to, from}, length);
+    return ascii_detail::run(ascii_detail::narrow<false>{to, from}, length);
+}
+
+/// Copies the leading printable ASCII of a narrow text and returns its length.
+inline std::size_t widen_printable_run(char16_t * to, char const * from, std::size_t length) {
+    return ascii_detail::run(ascii_detail::widen<true>{to, from}, length);
+}
+
+/// Copies the leading printable ASCII of a UTF-16 text and returns its length.
+inline std::size_t narrow_printable_run(char * to, char16_t const * from, std::size_t length) {
+    return ascii_detail::run(ascii_detail::narrow<true>{to, from}, length);
 }
 
 /// Returns the length of the leading ASCII of a UTF-16 text.
 inline std::size_t ascii_run_length(char16_t const * text, std::size_t length) {
-    return ascii_detail::run(ascii_detail::narrow{nullptr, text}, length);
+    return ascii_detail::run(ascii_detail::narrow<false>{nullptr, text}, length);
 }
 
 } // namespace fl

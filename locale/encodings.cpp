@@ -17,14 +17,12 @@ icu_converter open_encoding(std::string const & name) {
     return QzLocaleCtx::get().open_encoding(name);
 }
 
-icu_converter clone_process_converter() {
-    UConverter const * const kept = QzLocaleCtx::get().process_converter();
-    if (kept == nullptr) {
-        return nullptr;
-    }
-    UErrorCode status = U_ZERO_ERROR;
-    icu_converter clone(ucnv_clone(kept, &status));
-    return U_FAILURE(status) ? nullptr : std::move(clone);
+kept_encoding const * find_encoding(std::string const & name) {
+    return QzLocaleCtx::get().find_encoding(name);
+}
+
+kept_encoding const * process_encoding() {
+    return QzLocaleCtx::get().process_encoding();
 }
 
 } // namespace fl::i18n::lcmgmt

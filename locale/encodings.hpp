@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/icu_converter.hpp"
+#include "foundation/kept_encoding.hpp"
 
 #include <string>
 #include <string_view>
@@ -19,9 +19,14 @@ std::string normalize_encoding_name(std::string const & name);
 /// and for a name that could lead the library outside its data.
 icu_converter open_encoding(std::string const & name);
 
-/// Returns a clone of the converter that the locale management keeps for the global locale's encoding.
+/// Returns what the process keeps of an encoding; null when `open_encoding` opens no converter for the name,
+/// and for a name with options.
 ///
-/// Null when there is none or when it cannot be cloned.
-icu_converter clone_process_converter();
+/// It lives as long as the process. A name that was asked for before takes no lock.
+kept_encoding const * find_encoding(std::string const & name);
+
+/// Returns what the process keeps of the global locale's encoding; null when no converter can be opened for
+/// that.
+kept_encoding const * process_encoding();
 
 } // namespace fl::i18n::lcmgmt

@@ -91,7 +91,7 @@ void QzLocaleCtx::initQzLcCtx() {
     constexpr std::string_view source = "QzLocaleCtx::initQzLcCtx";
     publication const classic = prepare(records_of(std::string(classic_name)));
     publish(classic);
-    if (classic.converter == nullptr) {
+    if (classic.encoding == nullptr) {
         log_.add_error(source, "Failed to set default locale", no_converter);
     } else {
         log_.add(source, "Locale context was initialized.");
@@ -163,7 +163,7 @@ void QzLocaleCtx::initGlobalLocale() {
     if (l10n_control_ == l10n_refused) {
         switch_l10n_off();
     }
-    if (system.converter == nullptr) {
+    if (system.encoding == nullptr) {
         log_.add_error(global_source, "Failed to set default locale", no_converter);
     }
 }
@@ -281,12 +281,12 @@ QzLocaleCtx::publication QzLocaleCtx::prepare(QzLocaleImpl::category_records rec
         records[messages_index] = {classic_name, {}};
     }
     QzLocaleImpl const & locale = keep(std::move(records));
-    return {&locale, keep_converter(encoding(locale.records()[ctype_index])), localised};
+    return {&locale, keep_encoding(encoding(locale.records()[ctype_index])), localised};
 }
 
 void QzLocaleCtx::publish(publication const & next) noexcept {
     global_.exchange(next.locale, std::memory_order_acq_rel);
-    process_converter_.store(next.converter, std::memory_order_release);
+    process_encoding_.store(next.encoding, std::memory_order_release);
     l10n_in_use_ = next.localised;
 }
 
@@ -299,12 +299,23 @@ QzLocaleImpl const & QzLocaleCtx::keep(QzLocaleImpl::category_records records) {
     return *locales_.emplace_back(std::make_unique<QzLocaleImpl const>(*this, std::move(records)));
 }
 
-UConverter const * QzLocaleCtx::keep_converter(std::string const & encoding) {
-    auto const found = converters_.find(encoding);
-    if (found != converters_.end()) {
-        return found->second.get();
+kept_encoding const * QzLocaleCtx::keep_encoding(std::string const & name) {
+    if (kept_encoding const * const known = encodings_.find(name)) {
+        return known;
     }
-    return converters_.emplace(encoding, open_encoding(encoding)).first->second.get();
+    icu_converter converter = open_encoding(name);
+    return converter ? encodings_.add(name, std::move(converter)) : nullptr;
+}
+
+kept_encoding const * QzLocaleCtx::find_encoding(std::string const & name) {
+    if (kept_encoding const * const known = encodings_.find(name)) {
+        return known;
+    }
+    if (name.find(',') != std::string::npos) {
+        return nullptr;
+    }
+    std::lock_guard const lock(mutex_);
+    return keep_encoding(name);
 }
 
 // The tables and the system's settings do not change after the start-up, so the look-ups in them need no

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/icu_converter.hpp"
+#include "locale/encoding_registry.hpp"
 #include "locale/event_log.hpp"
 #include "locale/lc_tables.hpp"
 #include "locale/lcdata_path.hpp"
@@ -31,7 +32,7 @@ struct startup_inputs {
 ///
 /// Construction runs the whole start-up, which never fails for a bad database, environment or system setting:
 /// each such problem ends in the event log. Afterwards any thread may call the operations; one mutex guards
-/// the state, and the global locale is swapped atomically. Locales and converters handed out live as long as
+/// the state, and the global locale is swapped atomically. Locales and encodings handed out live as long as
 /// the context.
 class QzLocaleCtx {
 public:
@@ -74,10 +75,14 @@ public:
     /// compatibility encoding that the tables give; null when all fail.
     icu_converter open_encoding(std::string const & name) const;
 
-    /// Returns the kept converter for the global locale's encoding, to be cloned and never used itself; null
-    /// when that encoding cannot be opened.
-    UConverter const * process_converter() const {
-        return process_converter_.load(std::memory_order_acquire);
+    /// Returns what is kept of the encoding that a converter is opened for by `open_encoding`; null for a
+    /// name with options, which nobody else may ask for, and when none can be opened. Takes no lock for a
+    /// name seen before.
+    kept_encoding const * find_encoding(std::string const & name);
+
+    /// Returns what is kept of the global locale's encoding; null when that encoding cannot be opened.
+    kept_encoding const * process_encoding() const {
+        return process_encoding_.load(std::memory_order_acquire);
     }
 
     LcStatusCode status() const { return status_; }
@@ -90,7 +95,7 @@ private:
     /// A locale about to become the global one.
     struct publication {
         QzLocaleImpl const * locale;
-        UConverter const * converter; ///< null when its encoding cannot be opened
+        kept_encoding const * encoding; ///< null when that cannot be opened
         bool localised;
     };
 
@@ -112,7 +117,7 @@ private:
     /// Makes a locale the global one and records that.
     void change_to(QzLocaleImpl::category_records records);
     QzLocaleImpl const & keep(QzLocaleImpl::category_records records);
-    UConverter const * keep_converter(std::string const & encoding);
+    kept_encoding const * keep_encoding(std::string const & name);
     bool refuse_when_locked(std::string_view source);
     void switch_l10n_off();
 
@@ -125,8 +130,8 @@ private:
     std::vector<std::unique_ptr<QzLocaleImpl const>>
         locales_; ///< the classic locale first, then the system's
     std::atomic<QzLocaleImpl const *> global_ = nullptr;
-    std::map<std::string, icu_converter> converters_;
-    std::atomic<UConverter const *> process_converter_ = nullptr;
+    encoding_registry encodings_;
+    std::atomic<kept_encoding const *> process_encoding_ = nullptr;
     int l10n_control_ = 0;
     bool l10n_disabled_ = false;
     bool l10n_in_use_ = true;

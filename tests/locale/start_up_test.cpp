@@ -135,7 +135,7 @@ TEST(StartUp, RecordsALocaleWhoseEncodingHasNoConverter) {
     startup_inputs inputs = inputs_for("xx_YY");
     inputs.environment["QZLOCALE_LCDATA_PATH"] = directory.path().string();
     QzLocaleCtx const context(inputs);
-    EXPECT_EQ(context.process_converter(), nullptr);
+    EXPECT_EQ(context.process_encoding(), nullptr);
     EXPECT_TRUE(has_event(context, "QzLocaleCtx::initGlobalLocale - Failed to set default locale - -1"));
 }
 

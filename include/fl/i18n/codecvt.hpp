@@ -8,10 +8,29 @@
 #include <memory>
 #include <string>
 
+namespace fl {
+class kept_encoding;
+} // namespace fl
+
 namespace fl::i18n {
 
 namespace detail {
+
 struct conversion_record;
+
+/// The encoding of a named converter.
+struct named_encoding {
+    struct nobodys {
+        void operator()(kept_encoding const *) const noexcept {}
+    };
+    /// What all converters of the encoding share, of the process; null where only the record serves.
+    std::unique_ptr<kept_encoding const, nobodys> shared;
+    /// The converter of its own, opened when something takes it; null before, and after a move.
+    std::unique_ptr<conversion_record> record;
+    /// The mode with which the record is opened.
+    codecvt_call_back_mode first_mode = call_back_default;
+};
+
 } // namespace detail
 
 /// Converts narrow text of a named encoding into UTF-16.
@@ -51,7 +70,7 @@ protected:
     ustring do_convert(char const * source, std::size_t source_length) override;
 
 private:
-    std::unique_ptr<detail::conversion_record> record_;
+    mutable detail::named_encoding encoding_;
 };
 
 /// Converts UTF-16 into narrow text of a named encoding.
@@ -95,7 +114,7 @@ protected:
     std::string do_convert(char16_t const * source, std::size_t source_length) override;
 
 private:
-    std::unique_ptr<detail::conversion_record> record_;
+    mutable detail::named_encoding encoding_;
 };
 
 /// Converts ASCII into UTF-16. Any thread may use an object.

@@ -1,0 +1,137 @@
+#include "foundation/kept_encoding.hpp"
+
+#include "foundation/ascii_run.hpp"
+#include "foundation/utf8_decode.hpp"
+#include "foundation/utf8_encode.hpp"
+
+namespace fl {
+
+namespace {
+
+/// Tells whether a text that is not empty begins with a run that is worth its call.
+template <class Unit>
+bool begins_with_run(Unit const * from, Unit const * end) {
+    return end - from > 1 && is_printable_ascii(from[0]) && is_printable_ascii(from[1]);
+}
+
+} // namespace
+
+kept_encoding::kept_encoding(icu_converter converter)
+    : converter_(std::move(converter))
+    , form_(form_of(converter_.get())) {}
+
+kept_encoding::~kept_encoding() {
+    delete single_bytes_.load();
+    for (auto const * const slots : {&double_bytes_, &units_}) {
+        for (slot const & s : *slots) {
+            delete s.load();
+        }
+    }
+}
+
+kept_encoding::form kept_encoding::form_of(UConverter const * converter) {
+    switch (ucnv_getType(converter)) {
+    case UCNV_UTF8:
+        return form::utf8;
+    // Those without a state that outlives a character.
+    case UCNV_US_ASCII:
+    case UCNV_LATIN_1:
+    case UCNV_SBCS:
+    case UCNV_DBCS:
+    case UCNV_MBCS:
+        return form::by_tables;
+    default:
+        return form::by_converter;
+    }
+}
+
+icu_converter kept_encoding::clone() const {
+    UErrorCode status = U_ZERO_ERROR;
+    icu_converter result(ucnv_clone(converter_.get(), &status));
+    return U_FAILURE(status) ? nullptr : std::move(result);
+}
+
+template <class Make>
+encoding_page const * kept_encoding::page(slot & in, Make make) {
+    encoding_page const * current = in.load(std::memory_order_acquire);
+    if (current) {
+        return current;
+    }
+    auto made = make();
+    if (made && in.compare_exchange_strong(current, made.get(), std::memory_order_acq_rel)) {
+        return made.release();
+    }
+    return current; // another thread's, which is the same
+}
+
+conversion_progress kept_encoding::decode(char16_t * destination, std::string_view source) const {
+    if (form_ != form::by_tables) {
+        return form_ == form::utf8 ? decode_well_formed_utf8(destination, source) : conversion_progress();
+    }
+    auto const * const singles = page(single_bytes_, [&] { return make_single_byte_page(converter_.get()); });
+    if (!singles) {
+        return {};
+    }
+    char const * from = source.data();
+    char const * const end = from + source.size();
+    char16_t * to = destination;
+    while (from != end) {
+        auto const byte = static_cast<unsigned char>(*from);
+        if (singles->keeps_printable_ascii && begins_with_run(from, end)) {
+            std::size_t const run = widen_printable_run(to, from, static_cast<std::size_t>(end - from));
+            from += run;
+            to += run;
+            continue;
+        }
+        std::uint16_t value = singles->values[byte];
+        std::ptrdiff_t length = 1;
+        if (value == encoding_page::lead_byte && end - from > 1) {
+            auto const * const pairs =
+                page(double_bytes_[byte], [&] { return make_double_byte_page(converter_.get(), byte); });
+            value = pairs ? pairs->values[static_cast<unsigned char>(from[1])] : encoding_page::unknown;
+            length = 2;
+        }
+        if (value >= encoding_page::lead_byte) {
+            break;
+        }
+        *to++ = value;
+        from += length;
+    }
+    return {static_cast<std::size_t>(from - source.data()), static_cast<std::size_t>(to - destination)};
+}
+
+conversion_progress kept_encoding::encode(char * destination, std::u16string_view source) const {
+    if (form_ != form::by_tables) {
+        return form_ == form::utf8 ? encode_well_formed_utf8(destination, source) : conversion_progress();
+    }
+    auto const page_of = [&](unsigned high) {
+        return page(units_[high],
+                    [&] { return make_unit_page(converter_.get(), static_cast<unsigned char>(high)); });
+    };
+    auto const * const first = page_of(0);
+    bool const runs = first && first->keeps_printable_ascii;
+    char16_t const * from = source.data();
+    char16_t const * const end = from + source.size();
+    char * to = destination;
+    while (from != end) {
+        if (runs && begins_with_run(from, end)) {
+            std::size_t const run = narrow_printable_run(to, from, static_cast<std::size_t>(end - from));
+            from += run;
+            to += run;
+            continue;
+        }
+        auto const * const units = page_of(*from >> 8);
+        std::uint16_t const value = units ? units->values[*from & 0xFF] : encoding_page::unknown;
+        if (value == encoding_page::unknown) {
+            break;
+        }
+        if (value > 0xFF) {
+            *to++ = static_cast<char>(value >> 8);
+        }
+        *to++ = static_cast<char>(value);
+        ++from;
+    }
+    return {static_cast<std::size_t>(from - source.data()), static_cast<std::size_t>(to - destination)};
+}
+
+} // namespace fl

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "foundation/conversion_progress.hpp"
+#include "foundation/encoding_page.hpp"
+#include "foundation/icu_converter.hpp"
+
+#include <array>
+#include <atomic>
+#include <string_view>
+
+namespace fl {
+
+/// An encoding that the process has met: its converter, and tables made of it.
+///
+/// The tables hold the characters that the converter maps one to one, whatever stands beside them and
+/// whatever its call-backs do, in one or two bytes. They are made part by part, as texts need them, and stay
+/// as long as the object. UTF-8 needs none. Any thread may call the operations.
+class kept_encoding {
+public:
+    /// Takes a converter as it was opened.
+    explicit kept_encoding(icu_converter converter);
+    ~kept_encoding();
+    kept_encoding(kept_encoding const &) = delete;
+    kept_encoding & operator=(kept_encoding const &) = delete;
+
+    /// Returns a converter of the caller's own, as it was opened; null on failure.
+    icu_converter clone() const;
+
+    /// Decodes a text up to its end or to the first character that takes a converter, which goes on there as
+    /// at the beginning of a text.
+    ///
+    /// The destination has room for `source.size()` units; those beyond the ones produced may be overwritten.
+    conversion_progress decode(char16_t * destination, std::string_view source) const;
+
+    /// Encodes a text, as `decode` does; the destination has room for 3 bytes for each unit.
+    conversion_progress encode(char * destination, std::u16string_view source) const;
+
+private:
+    enum class form { by_tables, utf8, by_converter };
+    using slot = std::atomic<encoding_page const *>;
+
+    static form form_of(UConverter const * converter);
+    /// Returns the page in a slot, which it makes at first; null when that fails.
+    template <class Make>
+    static encoding_page const * page(slot & in, Make make);
+
+    icu_converter converter_;
+    form form_;
+    mutable slot single_bytes_ = nullptr;
+    mutable std::array<slot, 256> double_bytes_{}; ///< by their first byte
+    mutable std::array<slot, 256> units_{};        ///< by their high byte
+};
+
+} // namespace fl

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "foundation/kept_encoding.hpp"
+
+#include <array>
+#include <atomic>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace fl::i18n::lcmgmt {
+
+/// The encodings that the process has met, each once, and the first few hundred names by which they were
+/// asked for.
+///
+/// Any thread may call `find` at any time; calls of `add` exclude each other.
+class encoding_registry {
+public:
+    /// Returns the encoding of a remembered name; null for any other name. Takes no lock.
+    kept_encoding const * find(std::string_view name) const noexcept;
+
+    /// Returns the encoding of a converter that was opened by a name, and remembers the name while there is
+    /// room.
+    kept_encoding const * add(std::string const & name, icu_converter converter);
+
+private:
+    struct named_encoding {
+        std::string name;
+        kept_encoding const * encoding;
+    };
+    static constexpr std::size_t slot_count = 512;
+
+    /// Returns the place of a name, or the free one where it would be, or `slot_count`.
+    std::size_t place_of(std::string_view name) const noexcept;
+
+    /// A name is in the first free slot from that of its hash on; slots are filled once.
+    std::array<std::atomic<named_encoding const *>, slot_count> slots_{};
+    std::vector<std::unique_ptr<named_encoding const>> names_;
+    /// By the converter's own name; one with options by the name that gave it, as its own name may leave them
+    /// out.
+    std::map<std::string, std::unique_ptr<kept_encoding const>> encodings_;
+};
+
+} // namespace fl::i18n::lcmgmt
