@@ -195,8 +195,76 @@ void add_utf8() {
     }
 }
 
+/// The process encodings, by locales that have them, and texts in them.
+struct process_case {
+    char const * locale;
+    char const * encoding;
+    char const * name;
+    ustring text;
+};
+
+process_case const process_cases[] = {
+    {"en_US.UTF-8", "UTF-8", "ascii in UTF-8", u"Cannot open file 12."},
+    {"ja_JP.UTF-8", "UTF-8", "japanese in UTF-8", u"\x30D5\x30A1\x30A4\x30EB 12 \x3092\x958B\x3051\x307E\x305B\x3093\x3067\x3057\x305F\x3002!"},
+    {"ja_JP.Shift_JIS", "Shift_JIS", "ascii in Shift_JIS", u"Cannot open file 12."},
+    {"ja_JP.Shift_JIS", "Shift_JIS", "japanese in Shift_JIS",
+     u"\x30D5\x30A1\x30A4\x30EB 12 \x3092\x958B\x3051\x307E\x305B\x3093\x3067\x3057\x305F\x3002!"},
+    {"de_DE.windows-1252", "windows-1252", "ascii in windows-1252", u"Cannot open file 12."},
+    {"de_DE.windows-1252", "windows-1252", "latin in windows-1252", u"R\xFC" u"ckg\xE4ngig gew\xE4hlt."},
+};
+
+/// Adds a case that runs under a locale.
+template <class Function>
+void add_under(char const * locale, std::string const & name, Function function) {
+    benchmark::RegisterBenchmark(name.c_str(), [locale, function](benchmark::State & state) {
+        change_global_locale(*QzLocale::createLocale(locale));
+        for (auto _ : state) {
+            benchmark::DoNotOptimize(function());
+        }
+    });
+}
+
+void add_process_encoding() {
+    for (process_case const & c : process_cases) {
+        std::string const encoding = c.encoding;
+        ustring const text = c.text;
+        std::string const bytes = encode(open(encoding).get(), text);
+        auto const kept = std::make_shared<icu_handle>(open(encoding));
+        auto const iconv_to = std::make_shared<iconv_handle>("UTF-16LE", c.encoding);
+        auto const iconv_from = std::make_shared<iconv_handle>(c.encoding, "UTF-16LE");
+        std::string const to = std::string("to_ustring/") + c.name + "/";
+        std::string const from = std::string("to_string/") + c.name + "/";
+        add_under(c.locale, to + "ours", [=] { return to_ustring(bytes); });
+        add(to + "icu kept", [=] { return decode(kept->get(), bytes); });
+        add(to + "icu opened each time", [=] { return decode(open(encoding).get(), bytes); });
+        add(to + "iconv kept", [=] { return iconv_to->convert<char16_t>(bytes); });
+        add(to + "iconv opened each time",
+            [=] { return iconv_handle("UTF-16LE", encoding.c_str()).convert<char16_t>(bytes); });
+        add_under(c.locale, from + "ours", [=] { return to_string(text); });
+        add(from + "icu kept", [=] { return encode(kept->get(), text); });
+        add(from + "icu opened each time", [=] { return encode(open(encoding).get(), text); });
+        add(from + "iconv kept", [=] { return iconv_from->convert<char>(text); });
+        add(from + "iconv opened each time",
+            [=] { return iconv_handle(encoding.c_str(), "UTF-16LE").convert<char>(text); });
+        // A converter of the name for one text.
+        std::string const named_to = std::string("named to UTF-16/") + c.name + "/";
+        std::string const named_from = std::string("named from UTF-16/") + c.name + "/";
+        add(named_to + "ours", [=] { return codecvt_string_to_ustring(encoding, false).convert(bytes); });
+        add(named_to + "icu opened each time", [=] { return decode(open(encoding).get(), bytes); });
+        add(named_from + "ours", [=] { return codecvt_ustring_to_string(encoding, false).convert(text); });
+        add(named_from + "icu opened each time", [=] { return encode(open(encoding).get(), text); });
+        std::string const function = std::string("named, by to_ustring/") + c.name + "/";
+        add(function + "ours", [=] { return to_ustring(bytes, codecvt_string_to_ustring(encoding, false)); });
+        add(function + "icu opened each time", [=] { return decode(open(encoding).get(), bytes); });
+        std::string const terminal = std::string("terminal to UTF-16/") + c.name + "/";
+        add_under(c.locale, terminal + "ours", [=] { return to_ustring(bytes, *create_codecvt_terminal_to_ustring()); });
+        add(terminal + "icu opened each time", [=] { return decode(open(encoding).get(), bytes); });
+    }
+}
+
 bool const registered = [] {
     add_utf8();
+    add_process_encoding();
     return true;
 }();
 

@@ -5,6 +5,7 @@
 #include "foundation/kept_encoding.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -16,38 +17,41 @@
 /// results, also partial ones, and the exceptions are those of the converter alone.
 namespace fl::i18n {
 
-/// Converts what the tables can at the beginning of `source`, takes that off and gives each piece to
-/// `take(units, length, consumed)`.
-template <class Direction, class Take>
-void convert_by_tables(kept_encoding const * shared,
-                       std::basic_string_view<typename Direction::from> & source, Take take) {
-    constexpr std::size_t piece_length = 1024;
-    typename Direction::to buffer[piece_length * Direction::most_units];
-    while (shared && !source.empty()) {
-        auto const progress = Direction::by_tables(*shared, buffer, source.substr(0, piece_length));
-        if (progress.consumed == 0) {
-            return;
-        }
-        source.remove_prefix(progress.consumed);
-        take(buffer, progress.produced, progress.consumed);
+/// The source units that tables get at once, and room for what they become.
+inline constexpr std::size_t table_piece = 1024;
+template <class Direction>
+using table_buffer = std::array<typename Direction::to, table_piece * Direction::most_units>;
+
+/// Converts what the tables can, of one piece, at the beginning of `source` and takes that off.
+template <class Direction>
+conversion_progress convert_piece(kept_encoding const * shared, table_buffer<Direction> & buffer,
+                                  std::basic_string_view<typename Direction::from> & source) {
+    if (!shared || source.empty()) {
+        return {};
     }
+    auto const progress = Direction::by_tables(*shared, buffer.data(), source.substr(0, table_piece));
+    source.remove_prefix(progress.consumed);
+    return progress;
 }
 
 /// Converts a text into a buffer, as `run_pass` does.
 template <class Direction, class Open>
 std::size_t convert_text_pass(kept_encoding const * shared, Open open, typename Direction::to * destination,
                               std::size_t capacity, std::basic_string_view<typename Direction::from> source) {
+    table_buffer<Direction> buffer;
     std::size_t total = 0;
-    auto const room = [&] { return capacity - std::min(total, capacity); };
-    auto const next = [&] { return destination + std::min(total, capacity); };
-    convert_by_tables<Direction>(shared, source, [&](auto const * units, std::size_t length, std::size_t) {
-        std::copy_n(units, std::min(length, room()), next());
-        total += length;
-    });
+    std::size_t written = 0;
+    while (auto const progress = convert_piece<Direction>(shared, buffer, source)) {
+        std::size_t const length = std::min(progress.produced, capacity - written);
+        std::copy_n(buffer.data(), length, destination + written);
+        written += length;
+        total += progress.produced;
+    }
     if (source.empty()) {
         return total;
     }
-    return total + run_pass<Direction>(open(), next(), room(), source.data(), source.size());
+    return total + run_pass<Direction>(open(), destination + written, capacity - written, source.data(),
+                                       source.size());
 }
 
 /// Converts a text into a new string, as `run_driver` does.
@@ -55,16 +59,20 @@ template <class Direction, class Open>
 std::basic_string<typename Direction::to>
 convert_text(kept_encoding const * shared, Open open,
              std::basic_string_view<typename Direction::from> source) {
-    std::basic_string<typename Direction::to> result;
-    convert_by_tables<Direction>(shared, source,
-                                 [&](auto const * units, std::size_t length, std::size_t consumed) {
-                                     append_piece(result, units, length, consumed, source.size());
-                                 });
+    table_buffer<Direction> buffer;
+    auto progress = convert_piece<Direction>(shared, buffer, source);
     if (source.empty()) {
-        return result;
+        return {buffer.data(), progress.produced};
     }
-    auto rest = run_driver<Direction>(open(), source.data(), source.size());
-    return result.empty() ? std::move(rest) : std::move(result.append(rest));
+    std::basic_string<typename Direction::to> result;
+    for (; progress; progress = convert_piece<Direction>(shared, buffer, source)) {
+        append_piece(result, buffer.data(), progress.produced, progress.consumed, source.size());
+    }
+    if (!source.empty()) {
+        auto rest = run_driver<Direction>(open(), source.data(), source.size());
+        result = result.empty() ? std::move(rest) : std::move(result.append(rest));
+    }
+    return result;
 }
 
 } // namespace fl::i18n

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <atomic>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
@@ -26,7 +27,16 @@ public:
     kept_encoding const * add(std::string const & name, icu_converter converter);
 
 private:
+    /// The ends of a name, each of up to eight characters, which together are most names.
+    struct name_ends {
+        explicit name_ends(std::string_view name) noexcept;
+        bool operator==(name_ends const &) const = default;
+        std::uint64_t first = 0;
+        std::uint64_t last = 0;
+        std::size_t length;
+    };
     struct named_encoding {
+        name_ends ends;
         std::string name;
         kept_encoding const * encoding;
     };

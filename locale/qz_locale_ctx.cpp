@@ -392,16 +392,6 @@ std::string QzLocaleCtx::jvm_encoding(QzLocaleImpl::category_record const & ctyp
     return name;
 }
 
-std::string QzLocaleCtx::terminal_input_encoding(QzLocaleImpl::category_record const & ctype) const {
-    std::string const & name = system_settings_.terminal_input_encoding;
-    return name.empty() ? encoding(ctype) : name;
-}
-
-std::string QzLocaleCtx::terminal_output_encoding(QzLocaleImpl::category_record const & ctype) const {
-    std::string const & name = system_settings_.terminal_output_encoding;
-    return name.empty() ? encoding(ctype) : name;
-}
-
 std::vector<std::string> QzLocaleCtx::events() const {
     std::scoped_lock const lock(mutex_);
     return log_.entries();

@@ -65,8 +65,11 @@ public:
     std::string encoding(QzLocaleImpl::category_record const & ctype) const;
     std::string xpg_name(QzLocaleImpl::category_record const & ctype) const;
     std::string jvm_encoding(QzLocaleImpl::category_record const & ctype) const;
-    std::string terminal_input_encoding(QzLocaleImpl::category_record const & ctype) const;
-    std::string terminal_output_encoding(QzLocaleImpl::category_record const & ctype) const;
+
+    /// Return what the system or the environment chose for the terminal; empty where that is the locale's
+    /// encoding.
+    std::string const & terminal_input_encoding() const { return system_settings_.terminal_input_encoding; }
+    std::string const & terminal_output_encoding() const { return system_settings_.terminal_output_encoding; }
 
     /// Returns the standard name of an encoding name or alias; empty when the tables do not know it.
     std::string find_standard_encoding_name(std::string_view name) const;

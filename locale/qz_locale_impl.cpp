@@ -16,6 +16,10 @@ namespace {
 constexpr int paper_letter = 1;
 constexpr int paper_a4 = 9;
 
+std::string const & chosen_or(std::string const & chosen, std::string const & otherwise) {
+    return chosen.empty() ? otherwise : chosen;
+}
+
 int paper_size(std::string const & locale_name) {
     constexpr int32_t letter_height_mm = 279;
     int32_t height = 0;
@@ -48,6 +52,21 @@ QzLocaleImpl::QzLocaleImpl(lcmgmt::QzLocaleCtx const & context, category_records
     , records_(std::move(records)) {
     check_names(records_);
     xpg_name_ = context_.xpg_name(record(LcCategory::ctype));
+}
+
+QzLocaleImpl::~QzLocaleImpl() {
+    delete encoding_.load();
+}
+
+std::string const & QzLocaleImpl::encoding() const {
+    std::string const * known = encoding_.load(std::memory_order_acquire);
+    if (!known) {
+        auto found = std::make_unique<std::string const>(context_.encoding(record(LcCategory::ctype)));
+        if (encoding_.compare_exchange_strong(known, found.get(), std::memory_order_acq_rel)) {
+            known = found.release();
+        }
+    }
+    return *known;
 }
 
 bool QzLocaleImpl::operator==(QzLocale const & other) const {
@@ -83,7 +102,7 @@ std::string QzLocaleImpl::getXpgName() const {
 }
 
 std::string QzLocaleImpl::getEncoding() const {
-    return context_.encoding(record(LcCategory::ctype));
+    return encoding();
 }
 
 LcOptData QzLocaleImpl::getOptData(LcOptDataType item) const {
@@ -92,9 +111,9 @@ LcOptData QzLocaleImpl::getOptData(LcOptDataType item) const {
         return context_.jvm_encoding(record(LcCategory::ctype));
     case LcOptDataType::termencoding:
     case LcOptDataType::termoutputencoding:
-        return context_.terminal_output_encoding(record(LcCategory::ctype));
+        return chosen_or(context_.terminal_output_encoding(), encoding());
     case LcOptDataType::terminputencoding:
-        return context_.terminal_input_encoding(record(LcCategory::ctype));
+        return chosen_or(context_.terminal_input_encoding(), encoding());
     case LcOptDataType::papersize:
         return paper_size(context_.data_name(record(LcCategory::ctype).name));
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <fl/i18n/locale.hpp>
 #include <string>
 #include <string_view>
@@ -28,6 +29,7 @@ public:
 
     /// Throws `QzLcInvLcName` for a name that is no locale name.
     QzLocaleImpl(lcmgmt::QzLocaleCtx const & context, category_records records);
+    ~QzLocaleImpl() override;
 
     bool operator==(QzLocale const & other) const override;
     bool operator!=(QzLocale const & other) const override;
@@ -44,9 +46,14 @@ public:
     category_record const & record(LcCategory category) const { return records_[category_index(category)]; }
 
 private:
+    /// Returns the encoding, which the first call finds out: the classic locale is made before what decides
+    /// on it.
+    std::string const & encoding() const;
+
     lcmgmt::QzLocaleCtx const & context_;
     category_records records_;
     std::string xpg_name_;
+    mutable std::atomic<std::string const *> encoding_ = nullptr;
 };
 
 /// Returns `locale.getLcName(category)` without a copy where the locale is one of the library's own: the
