@@ -1,3 +1,5 @@
+#include "foundation/ascii_run.hpp"
+
 #include <algorithm>
 #include <boost/throw_exception.hpp>
 #include <fl/i18n/codecvt.hpp>
@@ -15,7 +17,7 @@ bool is_ascii(char16_t unit) {
 
 template <class Char>
 void require_ascii(Char const * source, std::size_t length) {
-    if (!std::all_of(source, source + length, [](Char c) { return is_ascii(c); })) {
+    if (ascii_run_length(source, length) != length) {
         boost::throw_exception(CvtInvalidCharacter());
     }
 }
@@ -51,6 +53,9 @@ std::size_t codecvt_ascii_to_ustring::do_convert(char16_t * destination, std::si
         return 0;
     }
     auto const length = std::min(destination_length, source_length);
+    if (ascii_run_length(source, length) == length) {
+        return widen_ascii_run(destination, source, length);
+    }
     // From the end towards the start: what a strict failure leaves in the buffer is the tail.
     for (auto i = length; i-- > 0;) {
         destination[i] = convert_unit(source[i], lenient_, u'\xFFFD');
@@ -82,6 +87,9 @@ std::size_t codecvt_ustring_to_ascii::do_convert(char * destination, std::size_t
         return 0;
     }
     auto const length = std::min(destination_length, source_length);
+    if (ascii_run_length(source, length) == length) {
+        return narrow_ascii_run(destination, source, length);
+    }
     // The substitute is deliberately no character of ASCII.
     std::transform(source, source + length, destination,
                    [this](char16_t unit) { return convert_unit(unit, lenient_, '\xFF'); });

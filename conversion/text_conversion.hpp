@@ -68,10 +68,14 @@ convert_text(kept_encoding const * shared, Open open,
     for (; progress; progress = convert_piece<Direction>(shared, buffer, source)) {
         append_piece(result, buffer.data(), progress.produced, progress.consumed, source.size());
     }
-    if (!source.empty()) {
-        auto rest = run_driver<Direction>(open(), source.data(), source.size());
-        result = result.empty() ? std::move(rest) : std::move(result.append(rest));
+    if (source.empty()) {
+        return result;
     }
+    auto rest = run_driver<Direction>(open(), source.data(), source.size());
+    if (result.empty()) {
+        return rest;
+    }
+    result.append(rest);
     return result;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <string>
 
 namespace fl::i18n {
@@ -11,7 +12,11 @@ template <class To, class From>
 std::size_t copy_units(To * destination, std::size_t destination_length, From const * source,
                        std::size_t source_length) {
     std::size_t const length = std::min(destination_length, source_length);
-    std::transform(source, source + length, destination, [](From unit) { return static_cast<To>(unit); });
+    if constexpr (sizeof(To) == sizeof(From)) {
+        std::memcpy(destination, source, length * sizeof(To));
+    } else {
+        std::transform(source, source + length, destination, [](From unit) { return static_cast<To>(unit); });
+    }
     return length;
 }
 

@@ -32,10 +32,9 @@ std::u32string utf16_to_utf32(std::u16string_view text) {
     for (auto rest = text; !rest.empty(); ++length) {
         take_code_point(rest);
     }
-    std::u32string result;
-    result.reserve(length);
-    while (!text.empty()) {
-        result.push_back(take_code_point(text));
+    std::u32string result(length, U'\0');
+    for (char32_t & code_point : result) {
+        code_point = take_code_point(text);
     }
     return result;
 }
@@ -45,14 +44,14 @@ ustring utf32_to_utf16(std::u32string_view text) {
     for (char32_t const value : text) {
         length += value < 0x10000 ? 1 : 2;
     }
-    ustring result;
-    result.reserve(length);
+    ustring result(length, u'\0');
+    char16_t * to = result.data();
     for (char32_t const value : text) {
         if (value < 0x10000) {
-            result.push_back(static_cast<char16_t>(value));
+            *to++ = static_cast<char16_t>(value);
         } else {
-            result.push_back(static_cast<char16_t>((value >> 10) + 0xD7C0));
-            result.push_back(static_cast<char16_t>((value & 0x3FF) + 0xDC00));
+            *to++ = static_cast<char16_t>((value >> 10) + 0xD7C0);
+            *to++ = static_cast<char16_t>((value & 0x3FF) + 0xDC00);
         }
     }
     return result;

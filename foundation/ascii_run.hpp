@@ -57,8 +57,10 @@ struct widen {
     unsigned block(std::size_t at) const {
         __m128i const bytes = load<count>(from + at);
         __m128i const zero = _mm_setzero_si128();
-        store<count == 16 ? 16 : 2 * count>(to + at, _mm_unpacklo_epi8(bytes, zero));
-        if constexpr (count == 16) {
+        if (to) {
+            store<count == 16 ? 16 : 2 * count>(to + at, _mm_unpacklo_epi8(bytes, zero));
+        }
+        if (to && count == 16) {
             store<16>(to + at + 8, _mm_unpackhi_epi8(bytes, zero));
         }
         __m128i const others = printable ? _mm_or_si128(_mm_cmplt_epi8(bytes, _mm_set1_epi8(0x20)),
@@ -67,8 +69,11 @@ struct widen {
         return static_cast<unsigned>(_mm_movemask_epi8(others)) & ((1u << count) - 1);
     }
     bool unit(std::size_t at) const {
-        to[at] = static_cast<unsigned char>(from[at]);
-        return printable ? is_printable_ascii(to[at]) : to[at] < 0x80;
+        auto const byte = static_cast<unsigned char>(from[at]);
+        if (to) {
+            to[at] = byte;
+        }
+        return printable ? is_printable_ascii(byte) : byte < 0x80;
     }
 };
 
@@ -161,6 +166,11 @@ inline std::size_t widen_printable_run(char16_t * to, char const * from, std::si
 /// Copies the leading printable ASCII of a UTF-16 text and returns its length.
 inline std::size_t narrow_printable_run(char * to, char16_t const * from, std::size_t length) {
     return ascii_detail::run(ascii_detail::narrow<true>{to, from}, length);
+}
+
+/// Returns the length of the leading ASCII of a narrow text.
+inline std::size_t ascii_run_length(char const * text, std::size_t length) {
+    return ascii_detail::run(ascii_detail::widen<false>{nullptr, text}, length);
 }
 
 /// Returns the length of the leading ASCII of a UTF-16 text.
