@@ -32,14 +32,19 @@ void require_encoding(named_encoding const & encoding) {
     }
 }
 
+UConverter * require_clone(icu_converter const & clone) {
+    if (!clone) {
+        boost::throw_exception(CvtCloneFailure());
+    }
+    return clone.get();
+}
+
 conversion_record & open_record(named_encoding & encoding) {
     require_encoding(encoding);
     if (!encoding.record) {
         auto record = std::make_unique<conversion_record>();
         record->converter = encoding.shared->clone();
-        if (!record->converter) {
-            boost::throw_exception(CvtCloneFailure());
-        }
+        require_clone(record->converter);
         encoding.record = std::move(record);
     }
     return *encoding.record;

@@ -31,6 +31,9 @@ named_encoding find_named_encoding(std::string const & name);
 /// Throws `CvtConversionFailure` when an encoding was moved elsewhere.
 void require_encoding(named_encoding const & encoding);
 
+/// Returns the converter that cloning gave; throws `CvtCloneFailure` when it failed.
+UConverter * require_clone(icu_converter const & clone);
+
 /// Returns the record of an encoding, which it opens without a mode where there is none.
 ///
 /// Throws `CvtConversionFailure` when the encoding was moved elsewhere, and `CvtCloneFailure`.

@@ -13,8 +13,8 @@
 /// Conversions by the tables of an encoding, and from the first character that they do not know by a
 /// converter.
 ///
-/// `shared` may be null; `open()` returns the converter, as `UConverter *`, and is called at most once. The
-/// results, also partial ones, and the exceptions are those of the converter alone.
+/// `shared` may be null; `open()` returns the converter for a pass, as `UConverter *`. The results, also
+/// partial ones, and the exceptions are those of the converter alone.
 namespace fl::i18n {
 
 /// The source units that tables get at once, and room for what they become.
@@ -71,7 +71,10 @@ convert_text(kept_encoding const * shared, Open open,
     if (source.empty()) {
         return result;
     }
-    auto rest = run_driver<Direction>(open(), source.data(), source.size());
+    auto rest = collect_output<typename Direction::to>(
+        source.size(), {}, [&](auto * destination, std::size_t capacity) {
+            return run_pass<Direction>(open(), destination, capacity, source.data(), source.size());
+        });
     if (result.empty()) {
         return rest;
     }

@@ -45,12 +45,6 @@ kept_encoding::form kept_encoding::form_of(UConverter const * converter) {
     }
 }
 
-icu_converter kept_encoding::clone() const {
-    UErrorCode status = U_ZERO_ERROR;
-    icu_converter result(ucnv_clone(converter_.get(), &status));
-    return U_FAILURE(status) ? nullptr : std::move(result);
-}
-
 template <class Make>
 encoding_page const * kept_encoding::page(slot & in, Make make) {
     encoding_page const * current = in.load(std::memory_order_acquire);

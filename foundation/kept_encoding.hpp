@@ -24,7 +24,10 @@ public:
     kept_encoding & operator=(kept_encoding const &) = delete;
 
     /// Returns a converter of the caller's own, as it was opened; null on failure.
-    icu_converter clone() const;
+    icu_converter clone() const { return clone_converter(converter_.get()); }
+
+    /// Tells whether tables convert anything.
+    bool has_tables() const { return form_ == form::by_tables; }
 
     /// Decodes a text up to its end or to the first character that takes a converter, which goes on there as
     /// at the beginning of a text.

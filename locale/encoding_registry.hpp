@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
+#include <cstring>
 #include <map>
 #include <memory>
 #include <string>
@@ -52,5 +53,38 @@ private:
     /// out.
     std::map<std::string, std::unique_ptr<kept_encoding const>> encodings_;
 };
+
+inline encoding_registry::name_ends::name_ends(std::string_view name) noexcept
+    : length(name.size()) {
+    if (length >= sizeof first) {
+        std::memcpy(&first, name.data(), sizeof first);
+        std::memcpy(&last, name.data() + length - sizeof last, sizeof last);
+    } else {
+        for (char const c : name) {
+            first = first << 8 | static_cast<unsigned char>(c);
+        }
+    }
+}
+
+inline std::size_t encoding_registry::place_of(std::string_view name) const noexcept {
+    // Names are few against the slots: a search that does not end soon may as well be given up.
+    constexpr std::size_t longest_search = 16;
+    name_ends const ends(name);
+    std::size_t const start = ((ends.first ^ (ends.last >> 7) ^ ends.length) * 0x9E3779B97F4A7C15) >> 32;
+    for (std::size_t i = 0; i < longest_search; ++i) {
+        std::size_t const place = (start + i) % slot_count;
+        auto const * const there = slots_[place].load(std::memory_order_acquire);
+        if (!there || (there->ends == ends && (ends.length <= 16 || there->name == name))) {
+            return place;
+        }
+    }
+    return slot_count;
+}
+
+inline kept_encoding const * encoding_registry::find(std::string_view name) const noexcept {
+    std::size_t const place = place_of(name);
+    auto const * const found = place == slot_count ? nullptr : slots_[place].load(std::memory_order_acquire);
+    return found ? found->encoding : nullptr;
+}
 
 } // namespace fl::i18n::lcmgmt

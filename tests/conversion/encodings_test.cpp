@@ -152,6 +152,17 @@ TEST(Encodings, KeepEverySingleByteAndControl) {
     }
 }
 
+TEST(Encodings, ForgetEarlierTexts) {
+    // In this encoding a soft hyphen has the shorter substitution character, which a lone surrogate shall not
+    // get.
+    codecvt_ustring_to_string c("ibm-942_P12A-1999", true);
+    ustring const text = u"\xE6EF\xDA16z\xAD";
+    auto const bytes = c.convert(text);
+    EXPECT_EQ(bytes, encoded_by_icu("ibm-942_P12A-1999", true, text).text);
+    EXPECT_EQ(c.convert(text), bytes);
+    EXPECT_EQ(to_string(text, c), bytes);
+}
+
 TEST(Encodings, ConvertMostTextsByTables) {
     char bytes[32];
     char16_t units[32];
