@@ -1,4 +1,5 @@
 #include "foundation/kept_encoding.hpp"
+#include "locale/encoding_registry.hpp"
 #include "locale/encodings.hpp"
 
 #include <fl/i18n/codecvt.hpp>
@@ -90,9 +91,9 @@ public:
         return build<char>(codes_, [&] { return std::string(1, static_cast<char>(random_())); });
     }
     ustring text() {
-        constexpr std::u16string_view special[] = {u"\xAD",   u"\xD83D\xDE00", u"\xD800", u"\xDC00",
-                                                   u"\x200B", u"\x304B\x309A", u"\xFFFD", u"\x1A",
-                                                   u"\x7F",   u"\x20AC"};
+        constexpr std::u16string_view special[] = {u"\xAD",   u"\xD83D\xDE00", u"\xD800",    u"\xDC00",
+                                                   u"\x200B", u"\x304B\x309A", u"\xCA\x304", u"\xFFFD",
+                                                   u"\x1A",   u"\x7F",         u"\x20AC"};
         return build<char16_t>(characters_, [&] { return ustring(special[random_() % std::size(special)]); });
     }
 
@@ -192,6 +193,15 @@ TEST(Encodings, AreKeptOnce) {
         }
         ASSERT_EQ(lcmgmt::find_encoding(name), encoding) << name;
     }
+}
+
+TEST(EncodingRegistry, TellsOptionsApart) {
+    lcmgmt::encoding_registry registry;
+    auto const * const plain = registry.add("IBM-037", open("IBM-037"));
+    EXPECT_EQ(registry.add("cp037", open("cp037")), plain);
+    EXPECT_NE(registry.add("IBM-037,swaplfnl", open("IBM-037,swaplfnl")), plain);
+    EXPECT_EQ(registry.find("cp037"), plain);
+    EXPECT_EQ(registry.find("cp37"), nullptr);
 }
 
 } // namespace
