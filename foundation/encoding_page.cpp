@@ -54,8 +54,7 @@ public:
         ucnv_reset(converter_.get());
         ucnv_fromUnicode(converter_.get(), &next, std::end(bytes), &source, &unit + 1, nullptr, false,
                          &status);
-        int const pending = ucnv_fromUCountPending(converter_.get(), &status_);
-        if (U_FAILURE(status) || U_FAILURE(status_) || pending != 0) {
+        if (U_FAILURE(status)) {
             return encoding_page::unknown;
         }
         auto const byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };

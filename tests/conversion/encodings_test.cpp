@@ -92,7 +92,7 @@ public:
     }
     ustring text() {
         constexpr std::u16string_view special[] = {u"\xAD",   u"\xD83D\xDE00", u"\xD800",    u"\xDC00",
-                                                   u"\x200B", u"\x304B\x309A", u"\xCA\x304", u"\xFFFD",
+                                                   u"\x200B", u"\x304B\x309A", u"\xE6\x300", u"\xFFFD",
                                                    u"\x1A",   u"\x7F",         u"\x20AC"};
         return build<char16_t>(characters_, [&] { return ustring(special[random_() % std::size(special)]); });
     }
@@ -199,7 +199,7 @@ TEST(EncodingRegistry, TellsOptionsApart) {
     lcmgmt::encoding_registry registry;
     auto const * const plain = registry.add("IBM-037", open("IBM-037"));
     EXPECT_EQ(registry.add("cp037", open("cp037")), plain);
-    EXPECT_NE(registry.add("IBM-037,swaplfnl", open("IBM-037,swaplfnl")), plain);
+    EXPECT_NE(registry.add("UTF-7,version=1", open("UTF-7,version=1")), registry.add("UTF-7", open("UTF-7")));
     EXPECT_EQ(registry.find("cp037"), plain);
     EXPECT_EQ(registry.find("cp37"), nullptr);
 }
