@@ -1,9 +1,13 @@
+#include "chars/case_run.hpp"
 #include "chars/mark_order.hpp"
+#include "foundation/ascii.hpp"
+#include "locale/qz_locale_impl.hpp"
 
 #include <algorithm>
 #include <boost/throw_exception.hpp>
 #include <fl/i18n/ctype.hpp>
 #include <limits>
+#include <unicode/uchar.h>
 #include <unicode/unorm2.h>
 #include <unicode/ustring.h>
 
@@ -58,16 +62,78 @@ std::size_t run(char16_t * dst, std::size_t dst_len, std::u16string_view source,
     return static_cast<std::size_t>(length);
 }
 
+using case_run::letter_case;
+
+/// Tells whether a locale's language may have rules of its own for letters that are mapped one by one
+/// elsewhere: so of Turkish (tr, tur), Azeri (az, aze), Lithuanian (lt, lit) and whatever begins like them.
+bool may_have_own_rules(std::string_view locale_name) {
+    if (locale_name.size() < 2) {
+        return false;
+    }
+    char const first = ascii::to_lower(locale_name[0]);
+    char const second = ascii::to_lower(locale_name[1]);
+    return (first == 't' && (second == 'r' || second == 'u')) || (first == 'a' && second == 'z') ||
+           (first == 'l' && (second == 't' || second == 'i'));
+}
+
+/// The language that begins a locale name, for the conversion library: it expects a separator of its own
+/// behind the language, so that "tr.UTF-8" would be no Turkish.
+class language {
+public:
+    explicit language(std::string_view locale_name) {
+        char * end = text_;
+        for (char const c : locale_name.substr(0, longest)) {
+            if (c == '_' || c == '-' || c == '.' || c == '@') {
+                break;
+            }
+            *end++ = c;
+        }
+        *end = '\0';
+    }
+
+    char const * c_str() const { return text_; }
+
+private:
+    static constexpr std::size_t longest = 8;
+    char text_[longest + 1];
+};
+
+/// Returns from where on the conversion library has to see a text that is mapped up to `end`: what it looks
+/// back at (is the sigma the last letter of its word?) ends at the last unit that is not case-ignorable.
+std::size_t context_begin(std::u16string_view text, std::size_t end) {
+    while (end > 0 && u_hasBinaryProperty(text[end - 1], UCHAR_CASE_IGNORABLE)) {
+        --end;
+    }
+    return end > 0 ? end - 1 : 0;
+}
+
+template <letter_case To>
 std::size_t map_case(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
-                     decltype(&u_strToLower) mapping, QzLocale const & locale) {
-    std::string name = locale.getLcName(QzLocale::LcCategory::ctype);
-    // Behind the language the conversion library expects a separator of its own: "tr.UTF-8" would be no
-    // Turkish.
-    name.resize(std::min(name.find_first_of(".@"), name.size()));
-    return run(dst, dst_len, source_text(src, src_len),
-               [&](std::int32_t capacity, std::int32_t length, UErrorCode * status) {
-                   return mapping(dst, capacity, src, length, name.c_str(), status);
-               });
+                     QzLocale const & locale) {
+    std::string storage;
+    std::string_view const name = lc_name(locale, QzLocale::LcCategory::ctype, storage);
+    std::u16string_view const text = source_text(src, src_len);
+    std::size_t begin = 0;
+    if (dst && !may_have_own_rules(name)) {
+        std::size_t const mapped = case_run::map<To>(dst, text.substr(0, dst_len));
+        if (mapped == text.size()) {
+            return mapped;
+        }
+        begin = context_begin(text, mapped);
+    }
+    language const language(name);
+    auto const mapping = To == letter_case::upper ? &u_strToUpper : &u_strToLower;
+    std::size_t const length =
+        begin +
+        run(dst, dst_len - begin, text.substr(begin),
+            [&](std::int32_t capacity, std::int32_t rest_length, UErrorCode * status) {
+                return mapping(dst + begin, capacity, src + begin, rest_length, language.c_str(), status);
+            });
+    if (length > largest_size) {
+        // The conversion library's own answer to a result that it cannot count.
+        boost::throw_exception(CtypeTransformFailure(U_INDEX_OUTOFBOUNDS_ERROR));
+    }
+    return length;
 }
 
 auto normalizer_of(normalization_form form) {
@@ -91,12 +157,12 @@ std::size_t map_and_normalize(char16_t * dst, std::size_t dst_len, char16_t cons
 
 std::size_t transform(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
                       to_lower_locale const & mode) {
-    return map_case(dst, dst_len, src, src_len, &u_strToLower, mode.locale());
+    return map_case<letter_case::lower>(dst, dst_len, src, src_len, mode.locale());
 }
 
 std::size_t transform(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
                       to_upper_locale const & mode) {
-    return map_case(dst, dst_len, src, src_len, &u_strToUpper, mode.locale());
+    return map_case<letter_case::upper>(dst, dst_len, src, src_len, mode.locale());
 }
 
 std::size_t transform(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,

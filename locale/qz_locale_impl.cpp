@@ -4,7 +4,6 @@
 #include "locale/qz_locale_ctx.hpp"
 
 #include <boost/throw_exception.hpp>
-#include <typeinfo>
 #include <unicode/ulocdata.h>
 #include <utility>
 
@@ -118,13 +117,6 @@ LcOptData QzLocaleImpl::getOptData(LcOptDataType item) const {
         return paper_size(context_.data_name(record(LcCategory::ctype).name));
     }
     boost::throw_exception(QzLcInvLcArgument(std::to_string(static_cast<unsigned>(item))));
-}
-
-std::string_view lc_name(QzLocale const & locale, QzLocale::LcCategory category, std::string & storage) {
-    if (typeid(locale) == typeid(QzLocaleImpl)) {
-        return static_cast<QzLocaleImpl const &>(locale).record(category).name;
-    }
-    return storage = locale.getLcName(category);
 }
 
 QzLocaleImpl::category_records records_of(std::string const & name) {

@@ -5,6 +5,7 @@
 #include <fl/i18n/locale.hpp>
 #include <string>
 #include <string_view>
+#include <typeinfo>
 
 namespace fl::i18n {
 
@@ -43,9 +44,9 @@ public:
     LcOptData getOptData(LcOptDataType item) const override;
 
     category_records const & records() const noexcept { return records_; }
-    category_record const & record(LcCategory category) const { return records_[category_index(category)]; }
 
 private:
+    category_record const & record(LcCategory category) const { return records_[category_index(category)]; }
     /// Returns the encoding, which the first call finds out: the classic locale is made before what decides
     /// on it.
     std::string const & encoding() const;
@@ -57,8 +58,14 @@ private:
 };
 
 /// Returns `locale.getLcName(category)` without a copy where the locale is one of the library's own: the
-/// view is then of the locale, else of `storage`, which takes the name.
-std::string_view lc_name(QzLocale const & locale, QzLocale::LcCategory category, std::string & storage);
+/// view is then of the locale, else of `storage`, which takes the name. `category` is one of the enumerators.
+inline std::string_view lc_name(QzLocale const & locale, QzLocale::LcCategory category,
+                                std::string & storage) {
+    if (typeid(locale) == typeid(QzLocaleImpl)) {
+        return static_cast<QzLocaleImpl const &>(locale).records()[static_cast<std::size_t>(category)].name;
+    }
+    return storage = locale.getLcName(category);
+}
 
 /// Throws `QzLcInvLcName` for a name that is no locale name.
 void check_names(QzLocaleImpl::category_records const & records);

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <cstring>
 #include <exception>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -233,9 +234,20 @@ requires requires(char16_t * text, Modes const &... modes) {
     detail::transform(text, 0, text, 0, modes...);
 }
 ustring transform(std::u16string_view text, Modes const &... modes) {
-    ustring result;
+    constexpr std::size_t short_length = 128;
+    constexpr std::size_t largest_length = 0x7fffffff;
     // A text that is too long is refused before a buffer is made for it.
-    std::size_t length = text.size() <= 0x7fffffff ? text.size() : 0;
+    if (text.size() <= short_length || text.size() > largest_length) {
+        char16_t buffer[short_length + short_length / 4];
+        std::size_t const length =
+            detail::transform(buffer, std::size(buffer), text.data(), text.size(), modes...);
+        if (length <= std::size(buffer)) {
+            return ustring(buffer, length);
+        }
+    }
+    // Few texts grow by more than a sixteenth; those are transformed twice.
+    ustring result;
+    std::size_t length = text.size() + text.size() / 16;
     do {
         result.resize(length);
         length = detail::transform(result.data(), result.size(), text.data(), text.size(), modes...);

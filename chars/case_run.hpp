@@ -1,0 +1,122 @@
+#pragma once
+
+#include "foundation/ascii.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <emmintrin.h>
+#include <string_view>
+
+/// Case mapping of the part of a text that needs no more than one unit at a time.
+namespace fl::i18n::case_run {
+
+enum class letter_case { lower, upper };
+
+/// The units below this have an entry in the table.
+inline constexpr char16_t table_end = 0x460;
+
+/// Stands for a unit that is not mapped by itself: its mapping is longer, or hangs on its neighbours.
+inline constexpr char16_t no_mapping = 0xFFFF;
+
+using mapping_table = std::array<char16_t, table_end>;
+
+/// Returns the mapping of ASCII, the Latin letters up to U+017F and the Cyrillic ones up to U+045F.
+constexpr mapping_table make_table(letter_case to) {
+    mapping_table table{};
+    table.fill(no_mapping);
+    bool const upper = to == letter_case::upper;
+    auto const keep = [&](char16_t first, char16_t last) {
+        for (char16_t c = first; c <= last; ++c) {
+            table[c] = c;
+        }
+    };
+    auto const pair = [&](char16_t capital, char16_t small) {
+        table[capital] = upper ? capital : small;
+        table[small] = upper ? capital : small;
+    };
+    auto const shifted = [&](char16_t first, char16_t last, char16_t distance) {
+        for (char16_t c = first; c <= last; ++c) {
+            pair(c, static_cast<char16_t>(c + distance));
+        }
+    };
+    auto const alternating = [&](char16_t first, char16_t last) {
+        for (char16_t c = first; c < last; c = static_cast<char16_t>(c + 2)) {
+            pair(c, static_cast<char16_t>(c + 1));
+        }
+    };
+    keep(0, 0xBF);
+    shifted(u'A', u'Z', 0x20);
+    shifted(0xC0, 0xDE, 0x20);
+    keep(0xD7, 0xD7); // multiplication sign
+    keep(0xF7, 0xF7); // division sign
+    alternating(0x100, 0x12F);
+    alternating(0x132, 0x137);
+    keep(0x138, 0x138); // kra
+    alternating(0x139, 0x148);
+    alternating(0x14A, 0x177);
+    pair(0x178, 0xFF);
+    alternating(0x179, 0x17E);
+    shifted(0x400, 0x40F, 0x50);
+    shifted(0x410, 0x42F, 0x20);
+    if (upper) {
+        table[0xB5] = no_mapping; // micro sign, whose capital is Greek
+    } else {
+        keep(0xDF, 0xDF); // sharp s
+    }
+    return table;
+}
+
+template <letter_case To>
+inline constexpr mapping_table table = make_table(To);
+
+/// Tells whether a unit is of a script, or a sort of punctuation, without case.
+constexpr bool is_caseless(char16_t unit) {
+    auto const is_between = [unit](char16_t first, char16_t last) {
+        return static_cast<char16_t>(unit - first) <= last - first;
+    };
+    return is_between(0x2E80, 0x9FFF) || is_between(0xAC00, 0xD7A3) || is_between(0x2000, 0x206F);
+}
+
+/// Maps eight ASCII units; false, and nothing is written, when not all are ASCII.
+template <letter_case To>
+bool map_ascii_block(char16_t * dst, char16_t const * src) {
+    constexpr short first = To == letter_case::upper ? 'a' : 'A';
+    __m128i const units = _mm_loadu_si128(reinterpret_cast<__m128i const *>(src));
+    __m128i const beyond_ascii = _mm_and_si128(units, _mm_set1_epi16(short(~0x7F)));
+    if (_mm_movemask_epi8(_mm_cmpeq_epi16(beyond_ascii, _mm_setzero_si128())) != 0xFFFF) {
+        return false;
+    }
+    __m128i const letters = _mm_and_si128(_mm_cmpgt_epi16(units, _mm_set1_epi16(first - 1)),
+                                          _mm_cmplt_epi16(units, _mm_set1_epi16(first + 26)));
+    __m128i const mapped = _mm_xor_si128(units, _mm_and_si128(letters, _mm_set1_epi16('a' - 'A')));
+    _mm_storeu_si128(reinterpret_cast<__m128i *>(dst), mapped);
+    return true;
+}
+
+/// Maps the units at the start of a text that can be mapped one by one and returns how many there are.
+///
+/// The result is that of every language but Turkish, Azeri and Lithuanian; it takes as many units.
+template <letter_case To>
+std::size_t map(char16_t * dst, std::u16string_view text) {
+    std::size_t i = 0;
+    while (i < text.size()) {
+        if (text.size() - i >= 8 && map_ascii_block<To>(dst + i, text.data() + i)) {
+            i += 8;
+            continue;
+        }
+        for (std::size_t const end = std::min(i + 8, text.size()); i < end; ++i) {
+            char16_t const unit = text[i];
+            char16_t const mapped = unit < table_end    ? table<To>[unit]
+                                    : is_caseless(unit) ? unit
+                                                        : no_mapping;
+            if (mapped == no_mapping) {
+                return i;
+            }
+            dst[i] = mapped;
+        }
+    }
+    return i;
+}
+
+} // namespace fl::i18n::case_run
