@@ -6,12 +6,16 @@
 #include <array>
 #include <cstddef>
 #include <emmintrin.h>
+#include <initializer_list>
 #include <string_view>
 
 /// Case mapping of the part of a text that needs no more than one unit at a time.
 namespace fl::i18n::case_run {
 
 enum class letter_case { lower, upper };
+
+/// The languages with rules of their own. Turkic are Turkish and Azeri.
+enum class rules { common, turkic, lithuanian, greek };
 
 /// The units below this have an entry in the table.
 inline constexpr char16_t table_end = 0x460;
@@ -21,13 +25,18 @@ inline constexpr char16_t no_mapping = 0xFFFF;
 
 using mapping_table = std::array<char16_t, table_end>;
 
-/// Returns the mapping of ASCII, the Latin letters up to U+017F and the Cyrillic ones up to U+045F.
-constexpr mapping_table make_table(letter_case to) {
+/// Returns the mapping of ASCII and of the Latin letters up to U+017F, the Greek and the Cyrillic ones.
+constexpr mapping_table make_table(letter_case to, rules rules) {
     mapping_table table{};
     table.fill(no_mapping);
     bool const upper = to == letter_case::upper;
-    auto const keep = [&](char16_t first, char16_t last) {
-        for (char16_t c = first; c <= last; ++c) {
+    auto const leave = [&](std::initializer_list<char16_t> units) {
+        for (char16_t const c : units) {
+            table[c] = no_mapping;
+        }
+    };
+    auto const keep = [&](std::initializer_list<char16_t> units) {
+        for (char16_t const c : units) {
             table[c] = c;
         }
     };
@@ -45,30 +54,57 @@ constexpr mapping_table make_table(letter_case to) {
             pair(c, static_cast<char16_t>(c + 1));
         }
     };
-    keep(0, 0xBF);
+    for (char16_t c = 0; c < 0xC0; ++c) {
+        keep({c});
+    }
     shifted(u'A', u'Z', 0x20);
     shifted(0xC0, 0xDE, 0x20);
-    keep(0xD7, 0xD7); // multiplication sign
-    keep(0xF7, 0xF7); // division sign
+    keep({0xD7, 0xF7, 0x138}); // the signs of multiplication and division, kra
     alternating(0x100, 0x12F);
     alternating(0x132, 0x137);
-    keep(0x138, 0x138); // kra
     alternating(0x139, 0x148);
     alternating(0x14A, 0x177);
     pair(0x178, 0xFF);
     alternating(0x179, 0x17E);
+    pair(0x386, 0x3AC);
+    shifted(0x388, 0x38A, 0x25);
+    pair(0x38C, 0x3CC);
+    shifted(0x38E, 0x38F, 0x3F);
+    shifted(0x391, 0x3AB, 0x20);
+    leave({0x3A2});
     shifted(0x400, 0x40F, 0x50);
     shifted(0x410, 0x42F, 0x20);
     if (upper) {
-        table[0xB5] = no_mapping; // micro sign, whose capital is Greek
+        table[0xB5] = 0x39C;  // micro sign
+        table[0x131] = u'I';  // dotless i
+        table[0x17F] = u'S';  // long s
+        table[0x3C2] = 0x3A3; // final sigma
     } else {
-        keep(0xDF, 0xDF); // sharp s
+        keep({0xDF, 0x131, 0x149, 0x17F, 0x390, 0x3B0, 0x3C2});
+        leave({0x3A3}); // a final sigma at the end of a word
+    }
+    if (rules == rules::turkic) {
+        if (upper) {
+            table[u'i'] = 0x130;
+        } else {
+            leave({u'I'});
+            table[0x130] = u'i';
+        }
+    } else if (rules == rules::lithuanian && !upper) {
+        leave({u'I', u'J', 0xCC, 0xCD, 0x128, 0x12E});
+    } else if (rules == rules::greek && upper) {
+        for (char16_t c = 0x370; c < 0x400; ++c) {
+            leave({c});
+        }
     }
     return table;
 }
 
+/// The tables in the order of the rules.
 template <letter_case To>
-inline constexpr mapping_table table = make_table(To);
+inline constexpr std::array<mapping_table, 4> tables{
+    make_table(To, rules::common), make_table(To, rules::turkic), make_table(To, rules::lithuanian),
+    make_table(To, rules::greek)};
 
 /// Tells whether a unit is of a script, or a sort of punctuation, without case.
 constexpr bool is_caseless(char16_t unit) {
@@ -94,22 +130,25 @@ bool map_ascii_block(char16_t * dst, char16_t const * src) {
     return true;
 }
 
-/// Maps the units at the start of a text that can be mapped one by one and returns how many there are.
-///
-/// The result is that of every language but Turkish, Azeri and Lithuanian; it takes as many units.
+/// Maps the units at the start of a text that are mapped one by one, each to one, and returns how many there
+/// are.
 template <letter_case To>
-std::size_t map(char16_t * dst, std::u16string_view text) {
+std::size_t map(char16_t * dst, std::u16string_view text, rules rules) {
+    mapping_table const & table = tables<To>[static_cast<std::size_t>(rules)];
+    bool const plain_ascii = To == letter_case::upper ? table[u'i'] == u'I' : table[u'I'] == u'i';
     std::size_t i = 0;
     while (i < text.size()) {
-        if (text.size() - i >= 8 && map_ascii_block<To>(dst + i, text.data() + i)) {
-            i += 8;
-            continue;
+        if (plain_ascii && text.size() >= 8) {
+            // The last block may begin in what is mapped already.
+            std::size_t const begin = std::min(i, text.size() - 8);
+            if (map_ascii_block<To>(dst + begin, text.data() + begin)) {
+                i = begin + 8;
+                continue;
+            }
         }
         for (std::size_t const end = std::min(i + 8, text.size()); i < end; ++i) {
             char16_t const unit = text[i];
-            char16_t const mapped = unit < table_end    ? table<To>[unit]
-                                    : is_caseless(unit) ? unit
-                                                        : no_mapping;
+            char16_t const mapped = unit < table_end ? table[unit] : is_caseless(unit) ? unit : no_mapping;
             if (mapped == no_mapping) {
                 return i;
             }

@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <boost/throw_exception.hpp>
+#include <cstdint>
 #include <fl/i18n/ctype.hpp>
+#include <iterator>
 #include <limits>
 #include <unicode/uchar.h>
 #include <unicode/unorm2.h>
@@ -35,13 +37,17 @@ namespace {
 
 constexpr std::size_t largest_size = std::numeric_limits<std::int32_t>::max();
 
+[[noreturn]] void refuse_size() {
+    boost::throw_exception(CtypeSizeTooLarge());
+}
+
 /// Returns the source as a view, empty for a null pointer.
 std::u16string_view source_text(char16_t const * src, std::size_t src_len) {
     if (!src || src_len == 0) {
         return {};
     }
     if (src_len > largest_size) {
-        boost::throw_exception(CtypeSizeTooLarge());
+        refuse_size();
     }
     return {src, src_len};
 }
@@ -64,26 +70,48 @@ std::size_t run(char16_t * dst, std::size_t dst_len, std::u16string_view source,
 
 using case_run::letter_case;
 
-/// Tells whether a locale's language may have rules of its own for letters that are mapped one by one
-/// elsewhere: so of Turkish (tr, tur), Azeri (az, aze), Lithuanian (lt, lit) and whatever begins like them.
-bool may_have_own_rules(std::string_view locale_name) {
-    if (locale_name.size() < 2) {
-        return false;
-    }
-    char const first = ascii::to_lower(locale_name[0]);
-    char const second = ascii::to_lower(locale_name[1]);
-    return (first == 't' && (second == 'r' || second == 'u')) || (first == 'a' && second == 'z') ||
-           (first == 'l' && (second == 't' || second == 'i'));
+constexpr bool ends_language(char c) {
+    return c == '_' || c == '-' || c == '.' || c == '@' || c == '\0';
 }
 
-/// The language that begins a locale name, for the conversion library: it expects a separator of its own
-/// behind the language, so that "tr.UTF-8" would be no Turkish.
+/// Returns the language that begins a locale name as a number, exact up to three letters, in any case.
+constexpr std::uint32_t language_number(std::string_view locale_name) {
+    std::uint32_t number = 0;
+    for (char const c : locale_name.substr(0, 4)) {
+        if (ends_language(c)) {
+            break;
+        }
+        number = number << 8 | static_cast<unsigned char>(ascii::to_lower(c));
+    }
+    return number;
+}
+
+case_run::rules rules_of(std::string_view locale_name) {
+    switch (language_number(locale_name)) {
+    case language_number("tr"):
+    case language_number("tur"):
+    case language_number("az"):
+    case language_number("aze"):
+        return case_run::rules::turkic;
+    case language_number("lt"):
+    case language_number("lit"):
+        return case_run::rules::lithuanian;
+    case language_number("el"):
+    case language_number("ell"):
+        return case_run::rules::greek;
+    default:
+        return case_run::rules::common;
+    }
+}
+
+/// The language that begins a locale name, for the conversion library: behind the language it expects a
+/// separator of its own, and "tr.UTF-8" would be no Turkish.
 class language {
 public:
     explicit language(std::string_view locale_name) {
         char * end = text_;
-        for (char const c : locale_name.substr(0, longest)) {
-            if (c == '_' || c == '-' || c == '.' || c == '@') {
+        for (char const c : locale_name.substr(0, std::size(text_) - 1)) {
+            if (ends_language(c)) {
                 break;
             }
             *end++ = c;
@@ -94,8 +122,7 @@ public:
     char const * c_str() const { return text_; }
 
 private:
-    static constexpr std::size_t longest = 8;
-    char text_[longest + 1];
+    char text_[9];
 };
 
 /// Returns from where on the conversion library has to see a text that is mapped up to `end`: what it looks
@@ -107,33 +134,35 @@ std::size_t context_begin(std::u16string_view text, std::size_t end) {
     return end > 0 ? end - 1 : 0;
 }
 
+/// Maps a text of which the first units up to `mapped` are in the buffer already.
+template <letter_case To>
+std::size_t map_rest(char16_t * dst, std::size_t dst_len, std::u16string_view text, std::size_t mapped,
+                     std::string_view locale_name) {
+    std::size_t const begin = context_begin(text, mapped);
+    language const language(locale_name);
+    auto const mapping = To == letter_case::upper ? &u_strToUpper : &u_strToLower;
+    std::size_t const length =
+        begin + run(dst, dst_len - begin, text.substr(begin),
+                    [&](std::int32_t capacity, std::int32_t rest_length, UErrorCode * status) {
+                        return mapping(dst + begin, capacity, text.data() + begin, rest_length,
+                                       language.c_str(), status);
+                    });
+    if (length > largest_size) {
+        // The conversion library's own answer to a result that it cannot count.
+        boost::throw_exception(CtypeTransformFailure(U_INDEX_OUTOFBOUNDS_ERROR));
+    }
+    return length;
+}
+
 template <letter_case To>
 std::size_t map_case(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
                      QzLocale const & locale) {
     std::string storage;
     std::string_view const name = lc_name(locale, QzLocale::LcCategory::ctype, storage);
     std::u16string_view const text = source_text(src, src_len);
-    std::size_t begin = 0;
-    if (dst && !may_have_own_rules(name)) {
-        std::size_t const mapped = case_run::map<To>(dst, text.substr(0, dst_len));
-        if (mapped == text.size()) {
-            return mapped;
-        }
-        begin = context_begin(text, mapped);
-    }
-    language const language(name);
-    auto const mapping = To == letter_case::upper ? &u_strToUpper : &u_strToLower;
-    std::size_t const length =
-        begin +
-        run(dst, dst_len - begin, text.substr(begin),
-            [&](std::int32_t capacity, std::int32_t rest_length, UErrorCode * status) {
-                return mapping(dst + begin, capacity, src + begin, rest_length, language.c_str(), status);
-            });
-    if (length > largest_size) {
-        // The conversion library's own answer to a result that it cannot count.
-        boost::throw_exception(CtypeTransformFailure(U_INDEX_OUTOFBOUNDS_ERROR));
-    }
-    return length;
+    std::size_t const room = dst ? std::min(dst_len, text.size()) : 0;
+    std::size_t const mapped = case_run::map<To>(dst, text.substr(0, room), rules_of(name));
+    return mapped < text.size() ? map_rest<To>(dst, dst_len, text, mapped, name) : mapped;
 }
 
 auto normalizer_of(normalization_form form) {

@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <cstring>
 #include <exception>
-#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -234,26 +233,19 @@ requires requires(char16_t * text, Modes const &... modes) {
     detail::transform(text, 0, text, 0, modes...);
 }
 ustring transform(std::u16string_view text, Modes const &... modes) {
-    constexpr std::size_t short_length = 128;
-    constexpr std::size_t largest_length = 0x7fffffff;
     // A text that is too long is refused before a buffer is made for it.
-    if (text.size() <= short_length || text.size() > largest_length) {
-        char16_t buffer[short_length + short_length / 4];
-        std::size_t const length =
-            detail::transform(buffer, std::size(buffer), text.data(), text.size(), modes...);
-        if (length <= std::size(buffer)) {
-            return ustring(buffer, length);
+    std::size_t length = text.size() <= 0x7fffffff ? text.size() : 0;
+    // Few texts outgrow this, and are transformed twice. A short one keeps to what a string holds in itself.
+    std::size_t const short_length = ustring().capacity();
+    ustring result(length <= short_length ? short_length : length + length / 16 + 8, u'\0');
+    for (;;) {
+        length = detail::transform(result.data(), result.size(), text.data(), text.size(), modes...);
+        bool const fits = length <= result.size();
+        result.resize(length);
+        if (fits) {
+            return result;
         }
     }
-    // Few texts grow by more than a sixteenth; those are transformed twice.
-    ustring result;
-    std::size_t length = text.size() + text.size() / 16;
-    do {
-        result.resize(length);
-        length = detail::transform(result.data(), result.size(), text.data(), text.size(), modes...);
-    } while (length > result.size());
-    result.resize(length);
-    return result;
 }
 
 } // namespace fl::i18n
