@@ -7,7 +7,6 @@
 #include <boost/throw_exception.hpp>
 #include <cstdint>
 #include <fl/i18n/ctype.hpp>
-#include <iterator>
 #include <limits>
 #include <unicode/uchar.h>
 #include <unicode/unorm2.h>
@@ -70,60 +69,36 @@ std::size_t run(char16_t * dst, std::size_t dst_len, std::u16string_view source,
 
 using case_run::letter_case;
 
-constexpr bool ends_language(char c) {
-    return c == '_' || c == '-' || c == '.' || c == '@' || c == '\0';
-}
-
-/// Returns the language that begins a locale name as a number, exact up to three letters, in any case.
-constexpr std::uint32_t language_number(std::string_view locale_name) {
-    std::uint32_t number = 0;
-    for (char const c : locale_name.substr(0, 4)) {
-        if (ends_language(c)) {
-            break;
-        }
-        number = number << 8 | static_cast<unsigned char>(ascii::to_lower(c));
+/// Returns the first four letters of the language that begins a locale name, in lower case and the first one
+/// highest. No language with rules of its own for letter case has as many.
+constexpr std::uint32_t language_of(std::string_view locale_name) {
+    std::uint32_t letters = 0;
+    bool ended = false;
+    for (std::size_t i = 0; i < 4; ++i) {
+        char const c = i < locale_name.size() ? locale_name[i] : '\0';
+        ended = ended || c == '_' || c == '-' || c == '.' || c == '@' || c == '\0';
+        letters = letters << 8 | (ended ? 0u : static_cast<unsigned char>(ascii::to_lower(c)));
     }
-    return number;
+    return letters;
 }
 
-case_run::rules rules_of(std::string_view locale_name) {
-    switch (language_number(locale_name)) {
-    case language_number("tr"):
-    case language_number("tur"):
-    case language_number("az"):
-    case language_number("aze"):
+case_run::rules rules_of(std::uint32_t language) {
+    switch (language) {
+    case language_of("tr"):
+    case language_of("tur"):
+    case language_of("az"):
+    case language_of("aze"):
         return case_run::rules::turkic;
-    case language_number("lt"):
-    case language_number("lit"):
+    case language_of("lt"):
+    case language_of("lit"):
         return case_run::rules::lithuanian;
-    case language_number("el"):
-    case language_number("ell"):
+    case language_of("el"):
+    case language_of("ell"):
         return case_run::rules::greek;
     default:
         return case_run::rules::common;
     }
 }
-
-/// The language that begins a locale name, for the conversion library: behind the language it expects a
-/// separator of its own, and "tr.UTF-8" would be no Turkish.
-class language {
-public:
-    explicit language(std::string_view locale_name) {
-        char * end = text_;
-        for (char const c : locale_name.substr(0, std::size(text_) - 1)) {
-            if (ends_language(c)) {
-                break;
-            }
-            *end++ = c;
-        }
-        *end = '\0';
-    }
-
-    char const * c_str() const { return text_; }
-
-private:
-    char text_[9];
-};
 
 /// Returns from where on the conversion library has to see a text that is mapped up to `end`: what it looks
 /// back at (is the sigma the last letter of its word?) ends at the last unit that is not case-ignorable.
@@ -137,16 +112,18 @@ std::size_t context_begin(std::u16string_view text, std::size_t end) {
 /// Maps a text of which the first units up to `mapped` are in the buffer already.
 template <letter_case To>
 std::size_t map_rest(char16_t * dst, std::size_t dst_len, std::u16string_view text, std::size_t mapped,
-                     std::string_view locale_name) {
-    std::size_t const begin = context_begin(text, mapped);
-    language const language(locale_name);
+                     std::uint32_t language) {
+    // The language alone: "tr.UTF-8" would be no Turkish to the conversion library.
+    char const locale[] = {static_cast<char>(language >> 24), static_cast<char>(language >> 16),
+                           static_cast<char>(language >> 8), static_cast<char>(language), '\0'};
     auto const mapping = To == letter_case::upper ? &u_strToUpper : &u_strToLower;
+    std::size_t const begin = context_begin(text, mapped);
     std::size_t const length =
-        begin + run(dst, dst_len - begin, text.substr(begin),
-                    [&](std::int32_t capacity, std::int32_t rest_length, UErrorCode * status) {
-                        return mapping(dst + begin, capacity, text.data() + begin, rest_length,
-                                       language.c_str(), status);
-                    });
+        begin +
+        run(dst, dst_len - begin, text.substr(begin),
+            [&](std::int32_t capacity, std::int32_t rest_length, UErrorCode * status) {
+                return mapping(dst + begin, capacity, text.data() + begin, rest_length, locale, status);
+            });
     if (length > largest_size) {
         // The conversion library's own answer to a result that it cannot count.
         boost::throw_exception(CtypeTransformFailure(U_INDEX_OUTOFBOUNDS_ERROR));
@@ -158,11 +135,11 @@ template <letter_case To>
 std::size_t map_case(char16_t * dst, std::size_t dst_len, char16_t const * src, std::size_t src_len,
                      QzLocale const & locale) {
     std::string storage;
-    std::string_view const name = lc_name(locale, QzLocale::LcCategory::ctype, storage);
+    std::uint32_t const language = language_of(lc_name(locale, QzLocale::LcCategory::ctype, storage));
     std::u16string_view const text = source_text(src, src_len);
     std::size_t const room = dst ? std::min(dst_len, text.size()) : 0;
-    std::size_t const mapped = case_run::map<To>(dst, text.substr(0, room), rules_of(name));
-    return mapped < text.size() ? map_rest<To>(dst, dst_len, text, mapped, name) : mapped;
+    std::size_t const mapped = case_run::map<To>(dst, text.substr(0, room), rules_of(language));
+    return mapped < text.size() ? map_rest<To>(dst, dst_len, text, mapped, language) : mapped;
 }
 
 auto normalizer_of(normalization_form form) {
