@@ -87,11 +87,11 @@ constexpr mapping_table make_table(letter_case to, rules rules) {
         if (upper) {
             table[u'i'] = 0x130;
         } else {
-            leave({u'I'});
+            table[u'I'] = 0x131;
             table[0x130] = u'i';
         }
     } else if (rules == rules::lithuanian && !upper) {
-        leave({u'I', u'J', 0xCC, 0xCD, 0x128, 0x12E});
+        leave({0xCC, 0xCD, 0x128}); // with a dot above
     } else if (rules == rules::greek && upper) {
         for (char16_t c = 0x370; c < 0x400; ++c) {
             leave({c});

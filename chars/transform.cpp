@@ -100,8 +100,11 @@ case_run::rules rules_of(std::uint32_t language) {
     }
 }
 
-/// Returns from where on the conversion library has to see a text that is mapped up to `end`: what it looks
-/// back at (is the sigma the last letter of its word?) ends at the last unit that is not case-ignorable.
+/// Returns from where on the conversion library has to see a text of which the units up to `end` are mapped
+/// one by one.
+///
+/// What it looks at behind and before a letter (is the sigma the last letter of its word? has the I a dot
+/// above?) is case-ignorable, marks included, up to one unit more. Marks above are not mapped one by one.
 std::size_t context_begin(std::u16string_view text, std::size_t end) {
     while (end > 0 && u_hasBinaryProperty(text[end - 1], UCHAR_CASE_IGNORABLE)) {
         --end;

@@ -130,6 +130,8 @@ ustring random_text(std::mt19937 & random) {
         u"\x460",
         u"\x65E5\x672C",
         u"\x30FC",
+        u"\x302A",
+        u"\x3099",
         u"\xD55C",
         u"\xFF41",
         u"\x212A",
