@@ -114,19 +114,28 @@ constexpr bool is_caseless(char16_t unit) {
     return is_between(0x2E80, 0x9FFF) || is_between(0xAC00, 0xD7A3) || is_between(0x2000, 0x206F);
 }
 
-/// Maps eight ASCII units; false, and nothing is written, when not all are ASCII.
-template <letter_case To>
-bool map_ascii_block(char16_t * dst, char16_t const * src) {
-    constexpr short first = To == letter_case::upper ? 'a' : 'A';
-    __m128i const units = _mm_loadu_si128(reinterpret_cast<__m128i const *>(src));
-    __m128i const beyond_ascii = _mm_and_si128(units, _mm_set1_epi16(short(~0x7F)));
+/// Maps some blocks of eight ASCII units; false, and nothing is written, when not all are ASCII.
+template <letter_case To, std::size_t Blocks>
+bool map_ascii(char16_t * dst, char16_t const * src) {
+    // The letters, moved to the upper end of the numbers.
+    constexpr short last = To == letter_case::upper ? 'z' : 'Z';
+    constexpr short end = 0x7FFF;
+    __m128i units[Blocks];
+    __m128i all = _mm_setzero_si128();
+    for (std::size_t i = 0; i < Blocks; ++i) {
+        units[i] = _mm_loadu_si128(reinterpret_cast<__m128i const *>(src) + i);
+        all = _mm_or_si128(all, units[i]);
+    }
+    __m128i const beyond_ascii = _mm_and_si128(all, _mm_set1_epi16(short(~0x7F)));
     if (_mm_movemask_epi8(_mm_cmpeq_epi16(beyond_ascii, _mm_setzero_si128())) != 0xFFFF) {
         return false;
     }
-    __m128i const letters = _mm_and_si128(_mm_cmpgt_epi16(units, _mm_set1_epi16(first - 1)),
-                                          _mm_cmplt_epi16(units, _mm_set1_epi16(first + 26)));
-    __m128i const mapped = _mm_xor_si128(units, _mm_and_si128(letters, _mm_set1_epi16('a' - 'A')));
-    _mm_storeu_si128(reinterpret_cast<__m128i *>(dst), mapped);
+    for (std::size_t i = 0; i < Blocks; ++i) {
+        __m128i const moved = _mm_add_epi16(units[i], _mm_set1_epi16(end - last));
+        __m128i const letters = _mm_cmpgt_epi16(moved, _mm_set1_epi16(end - 26));
+        __m128i const mapped = _mm_xor_si128(units[i], _mm_and_si128(letters, _mm_set1_epi16('a' - 'A')));
+        _mm_storeu_si128(reinterpret_cast<__m128i *>(dst) + i, mapped);
+    }
     return true;
 }
 
@@ -137,11 +146,14 @@ std::size_t map(char16_t * dst, std::u16string_view text, rules rules) {
     mapping_table const & table = tables<To>[static_cast<std::size_t>(rules)];
     bool const plain_ascii = To == letter_case::upper ? table[u'i'] == u'I' : table[u'I'] == u'i';
     std::size_t i = 0;
+    while (plain_ascii && text.size() - i >= 32 && map_ascii<To, 4>(dst + i, text.data() + i)) {
+        i += 32;
+    }
     while (i < text.size()) {
         if (plain_ascii && text.size() >= 8) {
             // The last block may begin in what is mapped already.
             std::size_t const begin = std::min(i, text.size() - 8);
-            if (map_ascii_block<To>(dst + begin, text.data() + begin)) {
+            if (map_ascii<To, 1>(dst + begin, text.data() + begin)) {
                 i = begin + 8;
                 continue;
             }
