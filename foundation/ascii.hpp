@@ -50,6 +50,16 @@ inline bool equal_ignoring_case(std::string_view a, std::string_view b) {
                       [](char x, char y) { return to_lower(x) == to_lower(y); });
 }
 
+/// Orders texts as if their ASCII letters were in lower case.
+struct less_ignoring_case {
+    using is_transparent = void;
+
+    constexpr bool operator()(std::string_view a, std::string_view b) const {
+        return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                            [](char x, char y) { return to_lower(x) < to_lower(y); });
+    }
+};
+
 /// Widens a text byte by byte, each byte to the UTF-16 unit of its value.
 inline std::u16string widen(std::string_view text) {
     std::u16string result(text.size(), u'\0');

@@ -1,5 +1,6 @@
 // Written by tools/tables/encoding_tables.cpp; change that program, not this file.
 
+#include "foundation/ascii.hpp"
 #include "locale/builtin_tables.hpp"
 
 namespace fl::i18n::lcmgmt {
@@ -757,14 +758,18 @@ constexpr builtin_alias aliases[] = {
 };
 // clang-format on
 
+constexpr auto sorted_encodings =
+    sorted_rows(encodings, ascii::less_ignoring_case(), &builtin_encoding::name);
+constexpr auto sorted_aliases = sorted_rows(aliases, ascii::less_ignoring_case(), &builtin_alias::alias);
+
 } // namespace
 
 std::span<builtin_encoding const> builtin_encodings() {
-    return encodings;
+    return sorted_encodings;
 }
 
 std::span<builtin_alias const> builtin_encoding_aliases() {
-    return aliases;
+    return sorted_aliases;
 }
 
 } // namespace fl::i18n::lcmgmt

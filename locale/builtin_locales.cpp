@@ -1,6 +1,7 @@
 #include "locale/builtin_tables.hpp"
 
 #include <algorithm>
+#include <functional>
 
 namespace fl::i18n::lcmgmt {
 
@@ -680,6 +681,8 @@ constexpr builtin_alias aliases[] = {
 
 static_assert(std::ranges::is_sorted(locales, {}, &builtin_locale::name));
 
+constexpr auto sorted_aliases = sorted_rows(aliases, std::less<>(), &builtin_alias::alias);
+
 } // namespace
 
 std::span<builtin_locale const> builtin_locales() {
@@ -687,7 +690,7 @@ std::span<builtin_locale const> builtin_locales() {
 }
 
 std::span<builtin_alias const> builtin_locale_aliases() {
-    return aliases;
+    return sorted_aliases;
 }
 
 } // namespace fl::i18n::lcmgmt

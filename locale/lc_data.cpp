@@ -1,16 +1,18 @@
 #include "locale/lc_data.hpp"
 
+#include <string>
+
 namespace fl::i18n::lcmgmt {
 
 namespace {
 
-bool is_given_and_different(std::string const & given, std::string_view held) {
+bool is_given_and_different(std::string_view given, std::string_view held) {
     return !given.empty() && given != held;
 }
 
 } // namespace
 
-void LcData::addLcName(std::string const & name, std::string const & encoding, std::string const & xpg_name) {
+void LcData::addLcName(std::string_view name, std::string_view encoding, std::string_view xpg_name) {
     auto const known = tables_.find_locale(name);
     if (!known) {
         report(tables_.modifyLcEntry(name, encoding, xpg_name), "LcData::addLcName::modifyLcEntry", name,
@@ -28,14 +30,14 @@ void LcData::addLcName(std::string const & name, std::string const & encoding, s
     }
 }
 
-void LcData::addAliasLcName(std::string const & name, std::string const & alias) {
+void LcData::addAliasLcName(std::string_view name, std::string_view alias) {
     if (tables_.find_locale_alias(alias) != name) {
         report(tables_.modifyLcAliasName(name, alias), "LcData::addAliasLcName::modifyLcAliasName", name,
                alias);
     }
 }
 
-void LcData::addRegionAliasLcName(std::string const & name, std::string const & alias) {
+void LcData::addRegionAliasLcName(std::string_view name, std::string_view alias) {
     if (tables_.find_region_alias(alias) != name) {
         // The modification is reported under the alias operation's name deliberately.
         report(tables_.modifyRegionAliasName(name, alias), "LcData::addRegionAliasLcName::modifyLcAliasName",
@@ -43,7 +45,7 @@ void LcData::addRegionAliasLcName(std::string const & name, std::string const & 
     }
 }
 
-void LcData::addL10nFlag(std::string const & name, std::string const & value) {
+void LcData::addL10nFlag(std::string_view name, std::string_view value) {
     constexpr char option[] = "disable_l10n";
     if (tables_.find_locale_option(name, option) != value) {
         report(tables_.modifyLcOptData(name, option, value), "LcData::addL10nFlag::modifyLcOptData", name,
@@ -51,8 +53,7 @@ void LcData::addL10nFlag(std::string const & name, std::string const & value) {
     }
 }
 
-void LcData::addEncodingName(std::string const & name, std::string const & jvm_name,
-                             std::string const & compat) {
+void LcData::addEncodingName(std::string_view name, std::string_view jvm_name, std::string_view compat) {
     auto const known = tables_.find_encoding(name);
     if (!known) {
         report(tables_.modifyEncodingDataEntry(name, jvm_name, compat),
@@ -71,16 +72,16 @@ void LcData::addEncodingName(std::string const & name, std::string const & jvm_n
     }
 }
 
-void LcData::addEncodingAlias(std::string const & name, std::string const & alias) {
+void LcData::addEncodingAlias(std::string_view name, std::string_view alias) {
     if (tables_.find_encoding_alias(alias) != name) {
         report(tables_.modifyEncodingAlias(name, alias), "LcData::addEncodingAlias::modifyEncodingAlias",
                name, alias);
     }
 }
 
-void LcData::report(int status, std::string_view source, std::string const & key, std::string const & value) {
+void LcData::report(int status, std::string_view source, std::string_view key, std::string_view value) {
     if (status != table_modified) {
-        log_.add_error(source, key + ':' + value, status);
+        log_.add_error(source, std::string(key).append(1, ':').append(value), status);
     }
 }
 

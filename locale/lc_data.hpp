@@ -3,7 +3,6 @@
 #include "locale/event_log.hpp"
 #include "locale/lc_tables.hpp"
 
-#include <string>
 #include <string_view>
 
 namespace fl::i18n::lcmgmt {
@@ -18,15 +17,15 @@ public:
         : tables_(tables)
         , log_(log) {}
 
-    void addLcName(std::string const & name, std::string const & encoding, std::string const & xpg_name);
-    void addAliasLcName(std::string const & name, std::string const & alias);
-    void addRegionAliasLcName(std::string const & name, std::string const & alias);
-    void addL10nFlag(std::string const & name, std::string const & value);
-    void addEncodingName(std::string const & name, std::string const & jvm_name, std::string const & compat);
-    void addEncodingAlias(std::string const & name, std::string const & alias);
+    void addLcName(std::string_view name, std::string_view encoding, std::string_view xpg_name);
+    void addAliasLcName(std::string_view name, std::string_view alias);
+    void addRegionAliasLcName(std::string_view name, std::string_view alias);
+    void addL10nFlag(std::string_view name, std::string_view value);
+    void addEncodingName(std::string_view name, std::string_view jvm_name, std::string_view compat);
+    void addEncodingAlias(std::string_view name, std::string_view alias);
 
 private:
-    void report(int status, std::string_view source, std::string const & key, std::string const & value);
+    void report(int status, std::string_view source, std::string_view key, std::string_view value);
 
     lc_tables & tables_;
     event_log & log_;

@@ -6,33 +6,24 @@
 #include "locale/locale_name.hpp"
 
 #include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <span>
 
 namespace fl::i18n::lcmgmt {
 
 namespace {
 
-builtin_locale const * find_builtin_locale(std::string_view name) {
-    auto const rows = builtin_locales();
-    auto const found =
-        std::lower_bound(rows.begin(), rows.end(), name,
-                         [](builtin_locale const & row, std::string_view n) { return row.name < n; });
-    return found != rows.end() && found->name == name ? &*found : nullptr;
+/// Returns the row of a sorted table that has a key; null when there is none.
+template <class Row, class Less>
+Row const * find_row(std::span<Row const> rows, std::string_view Row::*member, std::string_view key,
+                     Less less) {
+    auto const found = std::ranges::lower_bound(rows, key, less, member);
+    return found != rows.end() && !less(key, (*found).*member) ? &*found : nullptr;
 }
 
-builtin_encoding const * find_builtin_encoding(std::string_view name) {
-    auto const rows = builtin_encodings();
-    auto const found = std::find_if(rows.begin(), rows.end(), [&](builtin_encoding const & row) {
-        return ascii::equal_ignoring_case(row.name, name);
-    });
-    return found != rows.end() ? &*found : nullptr;
-}
-
-template <class Equal>
-std::string_view find_builtin_alias(std::span<builtin_alias const> rows, std::string_view alias,
-                                    Equal equal) {
-    auto const found = std::find_if(rows.begin(), rows.end(),
-                                    [&](builtin_alias const & row) { return equal(row.alias, alias); });
-    return found != rows.end() ? found->name : std::string_view();
+std::string_view name_of(builtin_alias const * row) {
+    return row != nullptr ? row->name : std::string_view();
 }
 
 template <class Map>
@@ -53,17 +44,20 @@ bool is_safe_encoding_name(std::string_view name) {
                        [](char c) { return c >= ' ' && c <= '~' && c != '/' && c != '\\'; });
 }
 
-bool lc_tables::less_ignoring_case::operator()(std::string_view a, std::string_view b) const {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return ascii::to_lower(x) < ascii::to_lower(y);
-    });
+std::size_t lc_tables::hash_ignoring_case::operator()(std::string_view name) const {
+    // The method of Fowler, Noll and Vo.
+    std::uint64_t hash = 0xCBF29CE484222325;
+    for (char const c : name) {
+        hash = (hash ^ static_cast<unsigned char>(ascii::to_lower(c))) * 0x100000001B3;
+    }
+    return hash;
 }
 
 std::optional<locale_data> lc_tables::find_locale(std::string_view name) const {
     if (auto const own = locales_.find(name); own != locales_.end()) {
         return locale_data{own->second.encoding, own->second.xpg_name};
     }
-    if (builtin_locale const * const row = find_builtin_locale(name)) {
+    if (auto const * const row = find_row(builtin_locales(), &builtin_locale::name, name, std::less<>())) {
         return locale_data{row->encoding, row->xpg_name};
     }
     return std::nullopt;
@@ -76,7 +70,9 @@ std::string_view lc_tables::find_locale_option(std::string_view name, std::strin
 
 std::string_view lc_tables::find_locale_alias(std::string_view alias) const {
     std::string_view const own = value_of(locale_aliases_, alias);
-    return own.empty() ? find_builtin_alias(builtin_locale_aliases(), alias, std::equal_to<>()) : own;
+    return own.empty()
+               ? name_of(find_row(builtin_locale_aliases(), &builtin_alias::alias, alias, std::less<>()))
+               : own;
 }
 
 std::string_view lc_tables::find_region_alias(std::string_view alias) const {
@@ -101,7 +97,8 @@ std::optional<encoding_data> lc_tables::find_encoding(std::string_view name) con
     if (auto const own = encodings_.find(name); own != encodings_.end()) {
         return encoding_data{own->second.name, own->second.jvm_name, own->second.compat};
     }
-    if (builtin_encoding const * const row = find_builtin_encoding(name)) {
+    if (auto const * const row =
+            find_row(builtin_encodings(), &builtin_encoding::name, name, ascii::less_ignoring_case())) {
         return encoding_data{row->name, row->jvm_name, row->compat};
     }
     return std::nullopt;
@@ -109,7 +106,8 @@ std::optional<encoding_data> lc_tables::find_encoding(std::string_view name) con
 
 std::string_view lc_tables::find_encoding_alias(std::string_view alias) const {
     std::string_view const own = value_of(encoding_aliases_, alias);
-    return own.empty() ? find_builtin_alias(builtin_encoding_aliases(), alias, ascii::equal_ignoring_case)
+    return own.empty() ? name_of(find_row(builtin_encoding_aliases(), &builtin_alias::alias, alias,
+                                          ascii::less_ignoring_case()))
                        : own;
 }
 
@@ -118,35 +116,35 @@ std::optional<encoding_data> lc_tables::resolve_encoding(std::string_view name) 
     return find_encoding(target.empty() ? name : target);
 }
 
-lc_tables::locale_entry * lc_tables::own_locale(std::string const & name) {
+lc_tables::locale_entry * lc_tables::own_locale(std::string_view name) {
     auto const data = find_locale(name);
     if (!data) {
         return nullptr;
     }
     locale_entry copy{std::string(data->encoding), std::string(data->xpg_name), {}};
-    return &locales_.try_emplace(name, std::move(copy)).first->second;
+    return &locales_.try_emplace(std::string(name), std::move(copy)).first->second;
 }
 
-lc_tables::encoding_entry * lc_tables::own_encoding(std::string const & name) {
+lc_tables::encoding_entry * lc_tables::own_encoding(std::string_view name) {
     auto const data = find_encoding(name);
     if (!data) {
         return nullptr;
     }
     encoding_entry copy{std::string(data->name), std::string(data->jvm_name), std::string(data->compat)};
-    return &encodings_.try_emplace(name, std::move(copy)).first->second;
+    return &encodings_.try_emplace(std::string(name), std::move(copy)).first->second;
 }
 
-int lc_tables::modifyLcEntry(std::string const & name, std::string const & encoding,
-                             std::string const & xpg_name) {
+int lc_tables::modifyLcEntry(std::string_view name, std::string_view encoding, std::string_view xpg_name) {
     if (!is_usable_locale_name(name) || (!encoding.empty() && !is_safe_encoding_name(encoding))) {
         return table_invalid_name;
     }
     locales_.insert_or_assign(
-        name, locale_entry{encoding.empty() ? std::string(classic_encoding) : encoding, xpg_name, {}});
+        std::string(name),
+        locale_entry{std::string(encoding.empty() ? classic_encoding : encoding), std::string(xpg_name), {}});
     return table_modified;
 }
 
-int lc_tables::modifyDefEncoding(std::string const & name, std::string const & encoding) {
+int lc_tables::modifyDefEncoding(std::string_view name, std::string_view encoding) {
     if (!is_safe_encoding_name(encoding)) {
         return table_invalid_name;
     }
@@ -161,7 +159,7 @@ int lc_tables::modifyDefEncoding(std::string const & name, std::string const & e
     return table_modified;
 }
 
-int lc_tables::modifyXpgName(std::string const & name, std::string const & xpg_name) {
+int lc_tables::modifyXpgName(std::string_view name, std::string_view xpg_name) {
     if (name == classic_name) {
         return table_fixed_entry;
     }
@@ -173,7 +171,7 @@ int lc_tables::modifyXpgName(std::string const & name, std::string const & xpg_n
     return table_modified;
 }
 
-int lc_tables::modifyLcAliasName(std::string const & name, std::string const & alias) {
+int lc_tables::modifyLcAliasName(std::string_view name, std::string_view alias) {
     if (!is_usable_locale_name(alias)) {
         return table_invalid_name;
     }
@@ -183,41 +181,41 @@ int lc_tables::modifyLcAliasName(std::string const & name, std::string const & a
     if (!find_locale(name)) {
         return table_unknown_entry;
     }
-    locale_aliases_.insert_or_assign(alias, name);
+    locale_aliases_.insert_or_assign(std::string(alias), std::string(name));
     return table_modified;
 }
 
-int lc_tables::modifyRegionAliasName(std::string const & name, std::string const & alias) {
+int lc_tables::modifyRegionAliasName(std::string_view name, std::string_view alias) {
     if (!is_usable_locale_name(alias)) {
         return table_invalid_name;
     }
     if (!find_locale(name)) {
         return table_unknown_entry;
     }
-    region_aliases_.insert_or_assign(alias, name);
+    region_aliases_.insert_or_assign(std::string(alias), std::string(name));
     return table_modified;
 }
 
-int lc_tables::modifyLcOptData(std::string const & name, std::string const & option,
-                               std::string const & value) {
+int lc_tables::modifyLcOptData(std::string_view name, std::string_view option, std::string_view value) {
     locale_entry * const entry = own_locale(name);
     if (entry == nullptr) {
         return table_unknown_entry;
     }
-    entry->options.insert_or_assign(option, value);
+    entry->options.insert_or_assign(std::string(option), value);
     return table_modified;
 }
 
-int lc_tables::modifyEncodingDataEntry(std::string const & name, std::string const & jvm_name,
-                                       std::string const & compat) {
+int lc_tables::modifyEncodingDataEntry(std::string_view name, std::string_view jvm_name,
+                                       std::string_view compat) {
     if (!is_safe_encoding_name(name) || (!compat.empty() && !is_safe_encoding_name(compat))) {
         return table_invalid_name;
     }
-    encodings_.insert_or_assign(name, encoding_entry{name, jvm_name, compat});
+    encodings_.insert_or_assign(
+        std::string(name), encoding_entry{std::string(name), std::string(jvm_name), std::string(compat)});
     return table_modified;
 }
 
-int lc_tables::modifyJvmName(std::string const & name, std::string const & jvm_name) {
+int lc_tables::modifyJvmName(std::string_view name, std::string_view jvm_name) {
     encoding_entry * const entry = own_encoding(name);
     if (entry == nullptr) {
         return table_unknown_entry;
@@ -226,7 +224,7 @@ int lc_tables::modifyJvmName(std::string const & name, std::string const & jvm_n
     return table_modified;
 }
 
-int lc_tables::modifyCompatEncoding(std::string const & name, std::string const & compat) {
+int lc_tables::modifyCompatEncoding(std::string_view name, std::string_view compat) {
     if (!is_safe_encoding_name(compat)) {
         return table_invalid_name;
     }
@@ -238,7 +236,7 @@ int lc_tables::modifyCompatEncoding(std::string const & name, std::string const 
     return table_modified;
 }
 
-int lc_tables::modifyEncodingAlias(std::string const & name, std::string const & alias) {
+int lc_tables::modifyEncodingAlias(std::string_view name, std::string_view alias) {
     if (!is_safe_encoding_name(alias)) {
         return table_invalid_name;
     }
@@ -248,7 +246,7 @@ int lc_tables::modifyEncodingAlias(std::string const & name, std::string const &
     if (!find_encoding(name)) {
         return table_unknown_entry;
     }
-    encoding_aliases_.insert_or_assign(alias, name);
+    encoding_aliases_.insert_or_assign(std::string(alias), std::string(name));
     return table_modified;
 }
 

@@ -1,9 +1,14 @@
 #pragma once
 
+#include "foundation/ascii.hpp"
+
+#include <cstddef>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace fl::i18n::lcmgmt {
 
@@ -59,17 +64,16 @@ public:
     /// Returns the data of an encoding by an alias or its standard name.
     std::optional<encoding_data> resolve_encoding(std::string_view name) const;
 
-    int modifyLcEntry(std::string const & name, std::string const & encoding, std::string const & xpg_name);
-    int modifyDefEncoding(std::string const & name, std::string const & encoding);
-    int modifyXpgName(std::string const & name, std::string const & xpg_name);
-    int modifyLcAliasName(std::string const & name, std::string const & alias);
-    int modifyRegionAliasName(std::string const & name, std::string const & alias);
-    int modifyLcOptData(std::string const & name, std::string const & option, std::string const & value);
-    int modifyEncodingDataEntry(std::string const & name, std::string const & jvm_name,
-                                std::string const & compat);
-    int modifyJvmName(std::string const & name, std::string const & jvm_name);
-    int modifyCompatEncoding(std::string const & name, std::string const & compat);
-    int modifyEncodingAlias(std::string const & name, std::string const & alias);
+    int modifyLcEntry(std::string_view name, std::string_view encoding, std::string_view xpg_name);
+    int modifyDefEncoding(std::string_view name, std::string_view encoding);
+    int modifyXpgName(std::string_view name, std::string_view xpg_name);
+    int modifyLcAliasName(std::string_view name, std::string_view alias);
+    int modifyRegionAliasName(std::string_view name, std::string_view alias);
+    int modifyLcOptData(std::string_view name, std::string_view option, std::string_view value);
+    int modifyEncodingDataEntry(std::string_view name, std::string_view jvm_name, std::string_view compat);
+    int modifyJvmName(std::string_view name, std::string_view jvm_name);
+    int modifyCompatEncoding(std::string_view name, std::string_view compat);
+    int modifyEncodingAlias(std::string_view name, std::string_view alias);
 
 private:
     struct locale_entry {
@@ -82,22 +86,35 @@ private:
         std::string jvm_name;
         std::string compat;
     };
-    struct less_ignoring_case {
+    struct name_hash {
         using is_transparent = void;
-        bool operator()(std::string_view a, std::string_view b) const;
+        std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>()(name); }
     };
-    using name_map = std::map<std::string, std::string, std::less<>>;
+    struct hash_ignoring_case {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view name) const;
+    };
+    struct equal_ignoring_case {
+        using is_transparent = void;
+        bool operator()(std::string_view a, std::string_view b) const {
+            return ascii::equal_ignoring_case(a, b);
+        }
+    };
+    template <class Value>
+    using locale_map = std::unordered_map<std::string, Value, name_hash, std::equal_to<>>;
+    template <class Value>
+    using encoding_map = std::unordered_map<std::string, Value, hash_ignoring_case, equal_ignoring_case>;
 
     /// Returns the entry to change, copied from the built-in tables when need be; null for an unknown name.
-    locale_entry * own_locale(std::string const & name);
-    encoding_entry * own_encoding(std::string const & name);
+    locale_entry * own_locale(std::string_view name);
+    encoding_entry * own_encoding(std::string_view name);
 
     // What the database added or changed.
-    std::map<std::string, locale_entry, std::less<>> locales_;
-    std::map<std::string, encoding_entry, less_ignoring_case> encodings_;
-    name_map locale_aliases_;
-    name_map region_aliases_;
-    std::map<std::string, std::string, less_ignoring_case> encoding_aliases_;
+    locale_map<locale_entry> locales_;
+    encoding_map<encoding_entry> encodings_;
+    locale_map<std::string> locale_aliases_;
+    locale_map<std::string> region_aliases_;
+    encoding_map<std::string> encoding_aliases_;
 };
 
 /// Tells whether a name may be handed to the conversion library: printable ASCII without "/", "\" and "..",

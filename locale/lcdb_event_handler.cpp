@@ -3,30 +3,34 @@
 #include "foundation/ascii.hpp"
 #include "foundation/xml_reader.hpp"
 
+#include <algorithm>
+#include <iterator>
+
 namespace fl::i18n::lcmgmt {
 
 namespace {
 
-std::string value_of(char const ** attributes, std::string_view name) {
+std::string_view value_of(char const ** attributes, std::string_view name) {
     char const * const value = xml::find_attribute(attributes, name);
-    return value != nullptr ? value : "";
+    return value != nullptr ? value : std::string_view();
 }
 
 } // namespace
 
+constexpr LcdbEventHandler::element_rule LcdbEventHandler::rules[] = {
+    {element::lcdata, "lcdata", element::none},
+    {element::locale, "locale", element::lcdata},
+    {element::alias, "alias", element::locale},
+    {element::region_alias, "region_alias", element::locale},
+    {element::l10n, "l10n", element::locale},
+    {element::codeset, "codeset", element::lcdata},
+    {element::encoding, "encoding", element::codeset},
+    {element::encoding_alias, "encoding_alias", element::encoding},
+};
+
 LcdbEventHandler::LcdbEventHandler(LcData const & data)
     : data_(data)
-    , expected_encoding_("UTF-8")
-    , rules_{
-          {"lcdata", {element::lcdata, ""}},
-          {"locale", {element::locale, "lcdata"}},
-          {"alias", {element::alias, "locale"}},
-          {"region_alias", {element::region_alias, "locale"}},
-          {"l10n", {element::l10n, "locale"}},
-          {"codeset", {element::codeset, "lcdata"}},
-          {"encoding", {element::encoding, "codeset"}},
-          {"encoding_alias", {element::encoding_alias, "encoding"}},
-      } {}
+    , expected_encoding_("UTF-8") {}
 
 int LcdbEventHandler::xml_declaration(char const *, char const * encoding) {
     std::string_view const declared = encoding != nullptr ? encoding : "";
@@ -34,11 +38,13 @@ int LcdbEventHandler::xml_declaration(char const *, char const * encoding) {
 }
 
 int LcdbEventHandler::start_element(char const * name, char const ** attributes) {
-    auto const found = rules_.find(std::string_view(name));
-    if (found == rules_.end() || !open(found->second, found->first)) {
+    auto const found = std::ranges::find(rules, std::string_view(name), &element_rule::name);
+    if (found == std::end(rules) || !open(*found)) {
         return stop;
     }
-    switch (found->second.code) {
+    switch (found->code) {
+    case element::none:
+        break;
     case element::lcdata:
     case element::codeset:
         return 0;
@@ -50,11 +56,11 @@ int LcdbEventHandler::start_element(char const * name, char const ** attributes)
         return read_encoding_alias(attributes);
     case element::alias:
     case element::region_alias: {
-        std::string const alias = value_of(attributes, "name");
+        std::string_view const alias = value_of(attributes, "name");
         if (alias.empty()) {
             return stop;
         }
-        if (found->second.code == element::alias) {
+        if (found->code == element::alias) {
             data_.addAliasLcName(locale_name_, alias);
         } else {
             data_.addRegionAliasLcName(locale_name_, alias);
@@ -62,7 +68,7 @@ int LcdbEventHandler::start_element(char const * name, char const ** attributes)
         return 0;
     }
     case element::l10n: {
-        std::string const disable = value_of(attributes, "disable");
+        std::string_view const disable = value_of(attributes, "disable");
         if (disable.empty()) {
             return stop;
         }
@@ -78,26 +84,24 @@ int LcdbEventHandler::character_data(char const *, int) {
 }
 
 int LcdbEventHandler::end_element(char const * name) {
-    if (open_elements_.empty() || open_elements_.back() != name) {
+    if (open_elements_.empty() || open_elements_.back()->name != name) {
         return stop;
     }
     open_elements_.pop_back();
     return 0;
 }
 
-bool LcdbEventHandler::open(element_rule const & rule, std::string const & name) {
-    if (open_elements_.empty()) {
-        if (!rule.parent.empty()) {
-            return false;
-        }
-    } else if (open_elements_.back() == name) {
+bool LcdbEventHandler::open(element_rule const & rule) {
+    element const outer = open_elements_.empty() ? element::none : open_elements_.back()->code;
+    if (outer == rule.code) {
         // Not pushed: the end tag of the inner one closes the outer, and that of the outer then finds
         // nothing.
         return true;
-    } else if (rule.parent != open_elements_.back()) {
+    }
+    if (outer != rule.parent) {
         return false;
     }
-    open_elements_.push_back(name);
+    open_elements_.push_back(&rule);
     return true;
 }
 
@@ -126,7 +130,7 @@ int LcdbEventHandler::read_encoding(char const ** attributes) {
 }
 
 int LcdbEventHandler::read_encoding_alias(char const ** attributes) {
-    std::string const alias = value_of(attributes, "name");
+    std::string_view const alias = value_of(attributes, "name");
     if (!encoding_has_name_ || alias.empty()) {
         return stop;
     }

@@ -2,7 +2,6 @@
 
 #include "locale/lc_data.hpp"
 
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,22 +39,23 @@ public:
     std::string const & expected_encoding() const override { return expected_encoding_; }
 
 private:
-    enum class element { lcdata = 1, locale, alias, region_alias, l10n, codeset, encoding, encoding_alias };
+    enum class element { none, lcdata, locale, alias, region_alias, l10n, codeset, encoding, encoding_alias };
 
     struct element_rule {
         element code;
-        std::string parent; ///< empty for the root
+        std::string_view name;
+        element parent; ///< none for the root
     };
+    static element_rule const rules[];
 
-    bool open(element_rule const & rule, std::string const & name);
+    bool open(element_rule const & rule);
     int read_locale(char const ** attributes);
     int read_encoding(char const ** attributes);
     int read_encoding_alias(char const ** attributes);
 
     LcData data_;
     std::string expected_encoding_;
-    std::map<std::string, element_rule, std::less<>> rules_;
-    std::vector<std::string> open_elements_;
+    std::vector<element_rule const *> open_elements_;
     std::string locale_name_;
     std::string locale_encoding_;
     std::string locale_xpg_name_;

@@ -200,6 +200,7 @@ std::string quoted(std::string const & text, std::size_t width = 0) {
 
 void print(std::map<std::string, encoding> const & encodings) {
     std::puts("// Written by tools/tables/encoding_tables.cpp; change that program, not this file.\n\n"
+              "#include \"foundation/ascii.hpp\"\n"
               "#include \"locale/builtin_tables.hpp\"\n\n"
               "namespace fl::i18n::lcmgmt {\n\n"
               "namespace {\n\n"
@@ -219,9 +220,13 @@ void print(std::map<std::string, encoding> const & encodings) {
     }
     std::puts("};\n"
               "// clang-format on\n\n"
+              "constexpr auto sorted_encodings =\n"
+              "    sorted_rows(encodings, ascii::less_ignoring_case(), &builtin_encoding::name);\n"
+              "constexpr auto sorted_aliases = sorted_rows(aliases, ascii::less_ignoring_case(), "
+              "&builtin_alias::alias);\n\n"
               "} // namespace\n\n"
-              "std::span<builtin_encoding const> builtin_encodings() {\n    return encodings;\n}\n\n"
-              "std::span<builtin_alias const> builtin_encoding_aliases() {\n    return aliases;\n}\n\n"
+              "std::span<builtin_encoding const> builtin_encodings() {\n    return sorted_encodings;\n}\n\n"
+              "std::span<builtin_alias const> builtin_encoding_aliases() {\n    return sorted_aliases;\n}\n\n"
               "} // namespace fl::i18n::lcmgmt");
 }
 
