@@ -1,6 +1,8 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -50,14 +52,23 @@ inline bool equal_ignoring_case(std::string_view a, std::string_view b) {
                       [](char x, char y) { return to_lower(x) == to_lower(y); });
 }
 
-/// Orders texts as if their ASCII letters were in lower case.
-struct less_ignoring_case {
+/// Hashes and compares texts without regard to the case of ASCII letters.
+struct hash_ignoring_case {
     using is_transparent = void;
 
-    constexpr bool operator()(std::string_view a, std::string_view b) const {
-        return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
-                                            [](char x, char y) { return to_lower(x) < to_lower(y); });
+    constexpr std::size_t operator()(std::string_view text) const {
+        // The method of Fowler, Noll and Vo.
+        std::uint64_t hash = 0xCBF29CE484222325;
+        for (char const c : text) {
+            hash = (hash ^ static_cast<unsigned char>(to_lower(c))) * 0x100000001B3;
+        }
+        return static_cast<std::size_t>(hash ^ hash >> 32);
     }
+};
+struct same_ignoring_case {
+    using is_transparent = void;
+
+    bool operator()(std::string_view a, std::string_view b) const { return equal_ignoring_case(a, b); }
 };
 
 /// Widens a text byte by byte, each byte to the UTF-16 unit of its value.

@@ -1,6 +1,6 @@
 // Written by tools/tables/encoding_tables.cpp; change that program, not this file.
 
-#include "foundation/ascii.hpp"
+#include "locale/builtin_index.hpp"
 #include "locale/builtin_tables.hpp"
 
 namespace fl::i18n::lcmgmt {
@@ -758,18 +758,27 @@ constexpr builtin_alias aliases[] = {
 };
 // clang-format on
 
-constexpr auto sorted_encodings =
-    sorted_rows(encodings, ascii::less_ignoring_case(), &builtin_encoding::name);
-constexpr auto sorted_aliases = sorted_rows(aliases, ascii::less_ignoring_case(), &builtin_alias::alias);
+constexpr builtin_index<builtin_encoding, std::size(encodings), ascii::same_ignoring_case>
+    encoding_index(encodings, &builtin_encoding::name);
+constexpr builtin_index<builtin_alias, std::size(aliases), ascii::same_ignoring_case>
+    alias_index(aliases, &builtin_alias::alias);
 
 } // namespace
 
 std::span<builtin_encoding const> builtin_encodings() {
-    return sorted_encodings;
+    return encodings;
 }
 
 std::span<builtin_alias const> builtin_encoding_aliases() {
-    return sorted_aliases;
+    return aliases;
+}
+
+builtin_encoding const * find_builtin_encoding(std::string_view name) {
+    return encoding_index.find(name);
+}
+
+builtin_alias const * find_builtin_encoding_alias(std::string_view alias) {
+    return alias_index.find(alias);
 }
 
 } // namespace fl::i18n::lcmgmt

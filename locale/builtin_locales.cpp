@@ -1,3 +1,4 @@
+#include "locale/builtin_index.hpp"
 #include "locale/builtin_tables.hpp"
 
 #include <algorithm>
@@ -681,7 +682,10 @@ constexpr builtin_alias aliases[] = {
 
 static_assert(std::ranges::is_sorted(locales, {}, &builtin_locale::name));
 
-constexpr auto sorted_aliases = sorted_rows(aliases, std::less<>(), &builtin_alias::alias);
+constexpr builtin_index<builtin_locale, std::size(locales), std::equal_to<>>
+    locale_index(locales, &builtin_locale::name);
+constexpr builtin_index<builtin_alias, std::size(aliases), std::equal_to<>>
+    alias_index(aliases, &builtin_alias::alias);
 
 } // namespace
 
@@ -690,7 +694,15 @@ std::span<builtin_locale const> builtin_locales() {
 }
 
 std::span<builtin_alias const> builtin_locale_aliases() {
-    return sorted_aliases;
+    return aliases;
+}
+
+builtin_locale const * find_builtin_locale(std::string_view name) {
+    return locale_index.find(name);
+}
+
+builtin_alias const * find_builtin_locale_alias(std::string_view alias) {
+    return alias_index.find(alias);
 }
 
 } // namespace fl::i18n::lcmgmt

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <algorithm>
-#include <array>
-#include <cstddef>
 #include <span>
 #include <string_view>
 
@@ -28,28 +25,25 @@ struct builtin_encoding {
     std::string_view compat;   ///< encoding to open where ICU does not know the name, empty where none
 };
 
-/// Returns the rows of a table, which may be grouped by meaning, in the order of one member.
-template <class Row, std::size_t Size, class Less>
-constexpr std::array<Row, Size> sorted_rows(Row const (&rows)[Size], Less less, std::string_view Row::*key) {
-    std::array<Row, Size> result = std::to_array(rows);
-    std::ranges::sort(result, less, key);
-    return result;
-}
-
 // The tables live for the whole process and are constant-initialised. Within each of the two families a name
 // or an alias occurs once, also when ASCII letter case is ignored.
 
 /// Returns the built-in locales, sorted by name in byte order.
 std::span<builtin_locale const> builtin_locales();
 
-/// Returns the other spellings of built-in locale names, sorted by alias in byte order.
+/// Returns the other spellings of built-in locale names, grouped by meaning.
 std::span<builtin_alias const> builtin_locale_aliases();
 
-/// Returns the built-in encodings, sorted by name without regard to ASCII letter case.
+/// Returns the built-in encodings, sorted by name in byte order.
 std::span<builtin_encoding const> builtin_encodings();
 
-/// Returns the other spellings of built-in encoding names, sorted by alias without regard to ASCII letter
-/// case.
+/// Returns the other spellings of built-in encoding names, grouped by encoding.
 std::span<builtin_alias const> builtin_encoding_aliases();
+
+/// Return the row of a name or an alias; null when there is none. The case of letters counts in locale names.
+builtin_locale const * find_builtin_locale(std::string_view name);
+builtin_alias const * find_builtin_locale_alias(std::string_view alias);
+builtin_encoding const * find_builtin_encoding(std::string_view name);
+builtin_alias const * find_builtin_encoding_alias(std::string_view alias);
 
 } // namespace fl::i18n::lcmgmt

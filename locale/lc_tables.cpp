@@ -6,21 +6,10 @@
 #include "locale/locale_name.hpp"
 
 #include <algorithm>
-#include <cstdint>
-#include <functional>
-#include <span>
 
 namespace fl::i18n::lcmgmt {
 
 namespace {
-
-/// Returns the row of a sorted table that has a key; null when there is none.
-template <class Row, class Less>
-Row const * find_row(std::span<Row const> rows, std::string_view Row::*member, std::string_view key,
-                     Less less) {
-    auto const found = std::ranges::lower_bound(rows, key, less, member);
-    return found != rows.end() && !less(key, (*found).*member) ? &*found : nullptr;
-}
 
 std::string_view name_of(builtin_alias const * row) {
     return row != nullptr ? row->name : std::string_view();
@@ -44,20 +33,11 @@ bool is_safe_encoding_name(std::string_view name) {
                        [](char c) { return c >= ' ' && c <= '~' && c != '/' && c != '\\'; });
 }
 
-std::size_t lc_tables::hash_ignoring_case::operator()(std::string_view name) const {
-    // The method of Fowler, Noll and Vo.
-    std::uint64_t hash = 0xCBF29CE484222325;
-    for (char const c : name) {
-        hash = (hash ^ static_cast<unsigned char>(ascii::to_lower(c))) * 0x100000001B3;
-    }
-    return hash;
-}
-
 std::optional<locale_data> lc_tables::find_locale(std::string_view name) const {
     if (auto const own = locales_.find(name); own != locales_.end()) {
         return locale_data{own->second.encoding, own->second.xpg_name};
     }
-    if (auto const * const row = find_row(builtin_locales(), &builtin_locale::name, name, std::less<>())) {
+    if (builtin_locale const * const row = find_builtin_locale(name)) {
         return locale_data{row->encoding, row->xpg_name};
     }
     return std::nullopt;
@@ -70,9 +50,7 @@ std::string_view lc_tables::find_locale_option(std::string_view name, std::strin
 
 std::string_view lc_tables::find_locale_alias(std::string_view alias) const {
     std::string_view const own = value_of(locale_aliases_, alias);
-    return own.empty()
-               ? name_of(find_row(builtin_locale_aliases(), &builtin_alias::alias, alias, std::less<>()))
-               : own;
+    return own.empty() ? name_of(find_builtin_locale_alias(alias)) : own;
 }
 
 std::string_view lc_tables::find_region_alias(std::string_view alias) const {
@@ -97,8 +75,7 @@ std::optional<encoding_data> lc_tables::find_encoding(std::string_view name) con
     if (auto const own = encodings_.find(name); own != encodings_.end()) {
         return encoding_data{own->second.name, own->second.jvm_name, own->second.compat};
     }
-    if (auto const * const row =
-            find_row(builtin_encodings(), &builtin_encoding::name, name, ascii::less_ignoring_case())) {
+    if (builtin_encoding const * const row = find_builtin_encoding(name)) {
         return encoding_data{row->name, row->jvm_name, row->compat};
     }
     return std::nullopt;
@@ -106,9 +83,7 @@ std::optional<encoding_data> lc_tables::find_encoding(std::string_view name) con
 
 std::string_view lc_tables::find_encoding_alias(std::string_view alias) const {
     std::string_view const own = value_of(encoding_aliases_, alias);
-    return own.empty() ? name_of(find_row(builtin_encoding_aliases(), &builtin_alias::alias, alias,
-                                          ascii::less_ignoring_case()))
-                       : own;
+    return own.empty() ? name_of(find_builtin_encoding_alias(alias)) : own;
 }
 
 std::optional<encoding_data> lc_tables::resolve_encoding(std::string_view name) const {

@@ -2,7 +2,6 @@
 
 #include "foundation/ascii.hpp"
 
-#include <cstddef>
 #include <functional>
 #include <map>
 #include <optional>
@@ -86,24 +85,11 @@ private:
         std::string jvm_name;
         std::string compat;
     };
-    struct name_hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>()(name); }
-    };
-    struct hash_ignoring_case {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view name) const;
-    };
-    struct equal_ignoring_case {
-        using is_transparent = void;
-        bool operator()(std::string_view a, std::string_view b) const {
-            return ascii::equal_ignoring_case(a, b);
-        }
-    };
     template <class Value>
-    using locale_map = std::unordered_map<std::string, Value, name_hash, std::equal_to<>>;
+    using locale_map = std::unordered_map<std::string, Value, ascii::hash_ignoring_case, std::equal_to<>>;
     template <class Value>
-    using encoding_map = std::unordered_map<std::string, Value, hash_ignoring_case, equal_ignoring_case>;
+    using encoding_map =
+        std::unordered_map<std::string, Value, ascii::hash_ignoring_case, ascii::same_ignoring_case>;
 
     /// Returns the entry to change, copied from the built-in tables when need be; null for an unknown name.
     locale_entry * own_locale(std::string_view name);

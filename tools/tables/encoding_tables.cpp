@@ -200,7 +200,7 @@ std::string quoted(std::string const & text, std::size_t width = 0) {
 
 void print(std::map<std::string, encoding> const & encodings) {
     std::puts("// Written by tools/tables/encoding_tables.cpp; change that program, not this file.\n\n"
-              "#include \"foundation/ascii.hpp\"\n"
+              "#include \"locale/builtin_index.hpp\"\n"
               "#include \"locale/builtin_tables.hpp\"\n\n"
               "namespace fl::i18n::lcmgmt {\n\n"
               "namespace {\n\n"
@@ -220,13 +220,23 @@ void print(std::map<std::string, encoding> const & encodings) {
     }
     std::puts("};\n"
               "// clang-format on\n\n"
-              "constexpr auto sorted_encodings =\n"
-              "    sorted_rows(encodings, ascii::less_ignoring_case(), &builtin_encoding::name);\n"
-              "constexpr auto sorted_aliases = sorted_rows(aliases, ascii::less_ignoring_case(), "
-              "&builtin_alias::alias);\n\n"
+              "constexpr builtin_index<builtin_encoding, std::size(encodings), ascii::same_ignoring_case>\n"
+              "    encoding_index(encodings, &builtin_encoding::name);\n"
+              "constexpr builtin_index<builtin_alias, std::size(aliases), ascii::same_ignoring_case>\n"
+              "    alias_index(aliases, &builtin_alias::alias);\n"
+              "\n"
               "} // namespace\n\n"
-              "std::span<builtin_encoding const> builtin_encodings() {\n    return sorted_encodings;\n}\n\n"
-              "std::span<builtin_alias const> builtin_encoding_aliases() {\n    return sorted_aliases;\n}\n\n"
+              "std::span<builtin_encoding const> builtin_encodings() {\n    return encodings;\n}\n\n"
+              "std::span<builtin_alias const> builtin_encoding_aliases() {\n    return aliases;\n}\n"
+              "\n"
+              "builtin_encoding const * find_builtin_encoding(std::string_view name) {\n"
+              "    return encoding_index.find(name);\n"
+              "}\n"
+              "\n"
+              "builtin_alias const * find_builtin_encoding_alias(std::string_view alias) {\n"
+              "    return alias_index.find(alias);\n"
+              "}\n"
+              "\n"
               "} // namespace fl::i18n::lcmgmt");
 }
 
