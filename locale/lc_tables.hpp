@@ -2,12 +2,12 @@
 
 #include "foundation/ascii.hpp"
 
+#include <boost/unordered/unordered_flat_map.hpp>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace fl::i18n::lcmgmt {
 
@@ -86,10 +86,11 @@ private:
         std::string compat;
     };
     template <class Value>
-    using locale_map = std::unordered_map<std::string, Value, ascii::hash_ignoring_case, std::equal_to<>>;
+    using locale_map =
+        boost::unordered_flat_map<std::string, Value, ascii::hash_ignoring_case, std::equal_to<>>;
     template <class Value>
     using encoding_map =
-        std::unordered_map<std::string, Value, ascii::hash_ignoring_case, ascii::same_ignoring_case>;
+        boost::unordered_flat_map<std::string, Value, ascii::hash_ignoring_case, ascii::same_ignoring_case>;
 
     /// Returns the entry to change, copied from the built-in tables when need be; null for an unknown name.
     locale_entry * own_locale(std::string_view name);

@@ -109,8 +109,7 @@ int LcdbEventHandler::read_locale(char const ** attributes) {
     locale_name_ = value_of(attributes, "name");
     locale_encoding_ = value_of(attributes, "encoding");
     locale_xpg_name_ = value_of(attributes, "xpg_name");
-    // Accepted, and without effect.
-    locale_disable_user_locale_ = value_of(attributes, "disable_user_locale");
+    // The attribute disable_user_locale is accepted, and without effect.
     if (locale_name_.empty()) {
         return stop;
     }

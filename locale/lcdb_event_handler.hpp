@@ -59,7 +59,6 @@ private:
     std::string locale_name_;
     std::string locale_encoding_;
     std::string locale_xpg_name_;
-    std::string locale_disable_user_locale_;
     std::string encoding_name_;
     bool encoding_has_name_ = false;
 };
