@@ -100,12 +100,6 @@ constexpr mapping_table make_table(letter_case to, rules rules) {
     return table;
 }
 
-/// The tables in the order of the rules.
-template <letter_case To>
-inline constexpr std::array<mapping_table, 4> tables{
-    make_table(To, rules::common), make_table(To, rules::turkic), make_table(To, rules::lithuanian),
-    make_table(To, rules::greek)};
-
 /// Tells whether a unit is of a script, or a sort of punctuation, without case.
 constexpr bool is_caseless(char16_t unit) {
     auto const is_between = [unit](char16_t first, char16_t last) {
@@ -142,8 +136,12 @@ bool map_ascii(char16_t * dst, char16_t const * src) {
 /// Maps the units at the start of a text that are mapped one by one, each to one, and returns how many there
 /// are.
 template <letter_case To>
-std::size_t map(char16_t * dst, std::u16string_view text, rules rules) {
-    mapping_table const & table = tables<To>[static_cast<std::size_t>(rules)];
+std::size_t map(char16_t * dst, std::u16string_view text, rules language) {
+    // In the order of the rules.
+    static constexpr mapping_table tables[] = {make_table(To, rules::common), make_table(To, rules::turkic),
+                                               make_table(To, rules::lithuanian),
+                                               make_table(To, rules::greek)};
+    mapping_table const & table = tables[static_cast<std::size_t>(language)];
     bool const plain_ascii = To == letter_case::upper ? table[u'i'] == u'I' : table[u'I'] == u'i';
     std::size_t i = 0;
     while (plain_ascii && text.size() - i >= 32 && map_ascii<To, 4>(dst + i, text.data() + i)) {

@@ -3,9 +3,13 @@
 #include "locale/lc_tables.hpp"
 #include "locale/qz_locale_ctx.hpp"
 
+#include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
 #include <set>
+#include <span>
 #include <string>
+#include <string_view>
 
 namespace fl::i18n::lcmgmt {
 namespace {
@@ -46,6 +50,31 @@ TEST(BuiltinTables, HaveNoNameTwice) {
     for (builtin_alias const & row : builtin_encoding_aliases()) {
         EXPECT_TRUE(names.insert(ascii::to_lower(row.alias)).second) << row.alias;
     }
+}
+
+template <class Row, class Equal>
+void expect_to_find(std::span<Row const> rows, std::string_view Row::*key,
+                    Row const * (*find)(std::string_view), Equal equal) {
+    for (Row const & row : rows) {
+        std::string const name(row.*key);
+        for (std::string const & spelling : {name, ascii::to_upper(row.*key), ascii::to_lower(row.*key),
+                                             name + 'x', '-' + name, name.substr(1)}) {
+            auto const expected = std::find_if(rows.begin(), rows.end(), [&](Row const & candidate) {
+                return equal(candidate.*key, spelling);
+            });
+            EXPECT_EQ(find(spelling), expected == rows.end() ? nullptr : &*expected) << spelling;
+        }
+    }
+}
+
+TEST(BuiltinTables, AreFoundAsByALinearSearch) {
+    std::equal_to<std::string_view> const same;
+    expect_to_find(builtin_locales(), &builtin_locale::name, find_builtin_locale, same);
+    expect_to_find(builtin_locale_aliases(), &builtin_alias::alias, find_builtin_locale_alias, same);
+    expect_to_find(builtin_encodings(), &builtin_encoding::name, find_builtin_encoding,
+                   ascii::equal_ignoring_case);
+    expect_to_find(builtin_encoding_aliases(), &builtin_alias::alias, find_builtin_encoding_alias,
+                   ascii::equal_ignoring_case);
 }
 
 TEST(EncodingNames, NeverLeaveTheConversionLibrarysData) {
