@@ -93,7 +93,7 @@ private:
                   std::string const & theirs, std::string const & ratio, std::string const & quartiles,
                   std::string const & least, std::string const & verdict) {
         std::string line =
-            formatted("%-36s %9s  %-40s %9s %8s %18s %7s  %s", contest.c_str(), ours.c_str(), against.c_str(),
+            formatted("%-40s %9s  %-40s %9s %8s %18s %7s  %s", contest.c_str(), ours.c_str(), against.c_str(),
                       theirs.c_str(), ratio.c_str(), quartiles.c_str(), least.c_str(), verdict.c_str());
         line.erase(line.find_last_not_of(' ') + 1);
         text_ += line + '\n';
