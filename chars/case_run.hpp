@@ -20,6 +20,9 @@ enum class rules { common, turkic, lithuanian, greek };
 /// The units below this have an entry in the table.
 inline constexpr char16_t table_end = 0x460;
 
+/// The one letter of the table whose mapping is longer, two letters S, and yet no matter of its neighbours.
+inline constexpr char16_t sharp_s = 0xDF;
+
 /// Stands for a unit that is not mapped by itself: its mapping is longer, or hangs on its neighbours.
 inline constexpr char16_t no_mapping = 0xFFFF;
 
@@ -80,7 +83,7 @@ constexpr mapping_table make_table(letter_case to, rules rules) {
         table[0x17F] = u'S';  // long s
         table[0x3C2] = 0x3A3; // final sigma
     } else {
-        keep({0xDF, 0x131, 0x149, 0x17F, 0x390, 0x3B0, 0x3C2});
+        keep({sharp_s, 0x131, 0x149, 0x17F, 0x390, 0x3B0, 0x3C2});
         leave({0x3A3}); // a final sigma at the end of a word
     }
     if (rules == rules::turkic) {
@@ -133,10 +136,15 @@ bool map_ascii(char16_t * dst, char16_t const * src) {
     return true;
 }
 
-/// Maps the units at the start of a text that are mapped one by one, each to one, and returns how many there
-/// are.
+/// How far a text is mapped.
+struct progress {
+    std::size_t read;
+    std::size_t written;
+};
+
+/// Maps the units at the start of a text that are mapped one by one, as far as the buffer has room.
 template <letter_case To>
-std::size_t map(char16_t * dst, std::u16string_view text, rules language) {
+progress map(char16_t * dst, std::size_t room, std::u16string_view text, rules language) {
     // In the order of the rules.
     static constexpr mapping_table tables[] = {make_table(To, rules::common), make_table(To, rules::turkic),
                                                make_table(To, rules::lithuanian),
@@ -144,28 +152,35 @@ std::size_t map(char16_t * dst, std::u16string_view text, rules language) {
     mapping_table const & table = tables[static_cast<std::size_t>(language)];
     bool const plain_ascii = To == letter_case::upper ? table[u'i'] == u'I' : table[u'I'] == u'i';
     std::size_t i = 0;
-    while (plain_ascii && text.size() - i >= 32 && map_ascii<To, 4>(dst + i, text.data() + i)) {
+    while (plain_ascii && std::min(text.size(), room) - i >= 32 &&
+           map_ascii<To, 4>(dst + i, text.data() + i)) {
         i += 32;
     }
+    std::size_t written = i;
     while (i < text.size()) {
-        if (plain_ascii && text.size() >= 8) {
-            // The last block may begin in what is mapped already.
-            std::size_t const begin = std::min(i, text.size() - 8);
-            if (map_ascii<To, 1>(dst + begin, text.data() + begin)) {
-                i = begin + 8;
-                continue;
-            }
+        // The last block may begin in what is mapped already.
+        std::size_t const rest = text.size() - i;
+        std::size_t const back = rest < 8 ? 8 - rest : 0;
+        if (plain_ascii && back <= i && room - written + back >= 8 &&
+            map_ascii<To, 1>(dst + written - back, text.data() + i - back)) {
+            i += 8 - back;
+            written += 8 - back;
+            continue;
         }
-        for (std::size_t const end = std::min(i + 8, text.size()); i < end; ++i) {
+        for (std::size_t const end = i + std::min<std::size_t>(rest, 8); i < end; ++i) {
             char16_t const unit = text[i];
             char16_t const mapped = unit < table_end ? table[unit] : is_caseless(unit) ? unit : no_mapping;
-            if (mapped == no_mapping) {
-                return i;
+            if (mapped != no_mapping && written < room) {
+                dst[written++] = mapped;
+            } else if (To == letter_case::upper && unit == sharp_s && room - written >= 2) {
+                dst[written++] = u'S';
+                dst[written++] = u'S';
+            } else {
+                return {i, written};
             }
-            dst[i] = mapped;
         }
     }
-    return i;
+    return {i, written};
 }
 
 } // namespace fl::i18n::case_run

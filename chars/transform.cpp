@@ -73,11 +73,13 @@ using case_run::letter_case;
 /// highest. No language with rules of its own for letter case has as many.
 constexpr std::uint32_t language_of(std::string_view locale_name) {
     std::uint32_t letters = 0;
-    bool ended = false;
-    for (std::size_t i = 0; i < 4; ++i) {
-        char const c = i < locale_name.size() ? locale_name[i] : '\0';
-        ended = ended || c == '_' || c == '-' || c == '.' || c == '@' || c == '\0';
-        letters = letters << 8 | (ended ? 0u : static_cast<unsigned char>(ascii::to_lower(c)));
+    unsigned shift = 32;
+    for (char const c : locale_name.substr(0, 4)) {
+        if (c == '_' || c == '-' || c == '.' || c == '@' || c == '\0') {
+            break;
+        }
+        shift -= 8;
+        letters |= static_cast<std::uint32_t>(static_cast<unsigned char>(ascii::to_lower(c))) << shift;
     }
     return letters;
 }
@@ -106,32 +108,31 @@ case_run::rules rules_of(std::uint32_t language) {
 /// What it looks at behind and before a letter (is the sigma the last letter of its word? has the I a dot
 /// above?) is case-ignorable, marks included, up to one unit more. Marks above are not mapped one by one.
 std::size_t context_begin(std::u16string_view text, std::size_t end) {
-    while (end > 0 && u_hasBinaryProperty(text[end - 1], UCHAR_CASE_IGNORABLE)) {
+    while (end > 0 && !ascii::is_letter(text[end - 1]) &&
+           u_hasBinaryProperty(text[end - 1], UCHAR_CASE_IGNORABLE)) {
         --end;
     }
     return end > 0 ? end - 1 : 0;
 }
 
-/// Maps a text of which the first units up to `mapped` are in the buffer already.
+/// Maps a text of which a part is in the buffer already, and returns the length of the full result.
 template <letter_case To>
-std::size_t map_rest(char16_t * dst, std::size_t dst_len, std::u16string_view text, std::size_t mapped,
+std::size_t map_rest(char16_t * dst, std::size_t dst_len, std::u16string_view text, case_run::progress done,
                      std::uint32_t language) {
     // The language alone: "tr.UTF-8" would be no Turkish to the conversion library.
     char const locale[] = {static_cast<char>(language >> 24), static_cast<char>(language >> 16),
                            static_cast<char>(language >> 8), static_cast<char>(language), '\0'};
     auto const mapping = To == letter_case::upper ? &u_strToUpper : &u_strToLower;
-    std::size_t const begin = context_begin(text, mapped);
-    std::size_t const length =
-        begin +
-        run(dst, dst_len - begin, text.substr(begin),
-            [&](std::int32_t capacity, std::int32_t rest_length, UErrorCode * status) {
-                return mapping(dst + begin, capacity, text.data() + begin, rest_length, locale, status);
-            });
-    if (length > largest_size) {
-        // The conversion library's own answer to a result that it cannot count.
-        boost::throw_exception(CtypeTransformFailure(U_INDEX_OUTOFBOUNDS_ERROR));
+    std::size_t const begin = context_begin(text, done.read);
+    std::size_t written = done.written - (done.read - begin);
+    if (To == letter_case::upper && begin < done.read && text[begin] == case_run::sharp_s) {
+        --written;
     }
-    return length;
+    return written +
+           run(dst, dst_len - written, text.substr(begin),
+               [&](std::int32_t capacity, std::int32_t rest_length, UErrorCode * status) {
+                   return mapping(dst + written, capacity, text.data() + begin, rest_length, locale, status);
+               });
 }
 
 template <letter_case To>
@@ -140,9 +141,14 @@ std::size_t map_case(char16_t * dst, std::size_t dst_len, char16_t const * src, 
     std::string storage;
     std::uint32_t const language = language_of(lc_name(locale, QzLocale::LcCategory::ctype, storage));
     std::u16string_view const text = source_text(src, src_len);
-    std::size_t const room = dst ? std::min(dst_len, text.size()) : 0;
-    std::size_t const mapped = case_run::map<To>(dst, text.substr(0, room), rules_of(language));
-    return mapped < text.size() ? map_rest<To>(dst, dst_len, text, mapped, language) : mapped;
+    case_run::progress const done = case_run::map<To>(dst, dst ? dst_len : 0, text, rules_of(language));
+    std::size_t const length =
+        done.read == text.size() ? done.written : map_rest<To>(dst, dst_len, text, done, language);
+    if (length > largest_size) {
+        // The conversion library's own answer to a result that it cannot count.
+        boost::throw_exception(CtypeTransformFailure(U_INDEX_OUTOFBOUNDS_ERROR));
+    }
+    return length;
 }
 
 auto normalizer_of(normalization_form form) {
