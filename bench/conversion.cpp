@@ -12,9 +12,12 @@
 #include <unicode/ucnv.h>
 #include <unicode/ustring.h>
 
+// Conversions beside ICU's functions and iconv's, each with the result as a string.
+
+namespace fl::bench {
 namespace {
 
-using namespace fl::i18n;
+using namespace i18n;
 
 void check(UErrorCode status) {
     if (U_FAILURE(status)) {
@@ -175,7 +178,7 @@ script const scripts[] = {
 
 void add_utf8() {
     for (script const & s : scripts) {
-        for (auto const & [size, length] : {std::pair("20 units", 20), {"8 units", 8}, {"1 MB", 500000}}) {
+        for (auto const & [size, length] : {std::pair("20 units", 20), {"1 MB", 500000}}) {
             auto const utf16 = std::make_shared<ustring>(shuffled(s.text, static_cast<std::size_t>(length)));
             auto const utf8 = std::make_shared<std::string>(ustring_to_utf8(*utf16));
             std::string const subject = std::string("/") + s.name + " " + size + "/";
@@ -205,12 +208,15 @@ struct process_case {
 
 process_case const process_cases[] = {
     {"en_US.UTF-8", "UTF-8", "ascii in UTF-8", u"Cannot open file 12."},
-    {"ja_JP.UTF-8", "UTF-8", "japanese in UTF-8", u"\x30D5\x30A1\x30A4\x30EB 12 \x3092\x958B\x3051\x307E\x305B\x3093\x3067\x3057\x305F\x3002!"},
+    {"ja_JP.UTF-8", "UTF-8", "japanese in UTF-8",
+     u"\x30D5\x30A1\x30A4\x30EB 12 \x3092\x958B\x3051\x307E\x305B\x3093\x3067\x3057\x305F\x3002!"},
     {"ja_JP.Shift_JIS", "Shift_JIS", "ascii in Shift_JIS", u"Cannot open file 12."},
     {"ja_JP.Shift_JIS", "Shift_JIS", "japanese in Shift_JIS",
      u"\x30D5\x30A1\x30A4\x30EB 12 \x3092\x958B\x3051\x307E\x305B\x3093\x3067\x3057\x305F\x3002!"},
     {"de_DE.windows-1252", "windows-1252", "ascii in windows-1252", u"Cannot open file 12."},
-    {"de_DE.windows-1252", "windows-1252", "latin in windows-1252", u"R\xFC" u"ckg\xE4ngig gew\xE4hlt."},
+    {"de_DE.windows-1252", "windows-1252", "latin in windows-1252",
+     u"R\xFC"
+     u"ckg\xE4ngig gew\xE4hlt."},
 };
 
 /// Adds a case that runs under a locale.
@@ -257,7 +263,8 @@ void add_process_encoding() {
         add(function + "ours", [=] { return to_ustring(bytes, codecvt_string_to_ustring(encoding, false)); });
         add(function + "icu opened each time", [=] { return decode(open(encoding).get(), bytes); });
         std::string const terminal = std::string("terminal to UTF-16/") + c.name + "/";
-        add_under(c.locale, terminal + "ours", [=] { return to_ustring(bytes, *create_codecvt_terminal_to_ustring()); });
+        add_under(c.locale, terminal + "ours",
+                  [=] { return to_ustring(bytes, *create_codecvt_terminal_to_ustring()); });
         add(terminal + "icu opened each time", [=] { return decode(open(encoding).get(), bytes); });
     }
 }
@@ -269,3 +276,4 @@ bool const registered = [] {
 }();
 
 } // namespace
+} // namespace fl::bench

@@ -84,9 +84,10 @@ conversion_progress decode(char16_t * destination, std::string_view source) {
     while (from != end) {
         unsigned const lead = byte_at(from);
         if (lead < 0x80) {
+            // A run is worth its call at the beginning of a text and where a long one is possible.
             std::size_t run = 1;
             *to = static_cast<char16_t>(lead);
-            if (rest() > 1 && byte_at(from + 1) < 0x80) {
+            if (rest() > 1 && byte_at(from + 1) < 0x80 && (rest() >= 16 || from == source.data())) {
                 run = widen_ascii_run(to, from, rest());
             }
             from += run;

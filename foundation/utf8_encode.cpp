@@ -30,9 +30,10 @@ conversion_progress encode(char * destination, std::u16string_view source) {
     while (from != end) {
         unsigned const unit = *from;
         if (unit < 0x80) {
+            // A run is worth its call at the beginning of a text and where a long one is possible.
             std::size_t run = 1;
             *to = static_cast<char>(unit);
-            if (end - from > 1 && from[1] < 0x80) {
+            if (end - from > 1 && from[1] < 0x80 && (end - from >= 16 || from == source.data())) {
                 run = narrow_ascii_run(to, from, static_cast<std::size_t>(end - from));
             }
             from += run;
