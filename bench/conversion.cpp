@@ -4,13 +4,16 @@
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/locale.hpp>
 #include <fl/i18n/ustring.hpp>
-#include <iconv.h>
 #include <memory>
 #include <random>
 #include <stdexcept>
 #include <string>
 #include <unicode/ucnv.h>
 #include <unicode/ustring.h>
+#if __has_include(<iconv.h>)
+#include <iconv.h>
+#define FL_I18N_HAS_ICONV 1
+#endif
 
 // Conversions beside ICU's functions and iconv's, each with the result as a string.
 
@@ -99,6 +102,7 @@ std::string encode(UConverter * converter, ustring const & text) {
     });
 }
 
+#ifdef FL_I18N_HAS_ICONV
 /// An open iconv conversion between an encoding and UTF-16.
 class iconv_handle {
 public:
@@ -125,6 +129,7 @@ public:
 private:
     iconv_t handle_;
 };
+#endif
 
 template <class Function>
 void add(std::string const & name, Function function) {
@@ -236,22 +241,24 @@ void add_process_encoding() {
         ustring const text = c.text;
         std::string const bytes = encode(open(encoding).get(), text);
         auto const kept = std::make_shared<icu_handle>(open(encoding));
-        auto const iconv_to = std::make_shared<iconv_handle>("UTF-16LE", c.encoding);
-        auto const iconv_from = std::make_shared<iconv_handle>(c.encoding, "UTF-16LE");
         std::string const to = std::string("to_ustring/") + c.name + "/";
         std::string const from = std::string("to_string/") + c.name + "/";
         add_under(c.locale, to + "ours", [=] { return to_ustring(bytes); });
         add(to + "icu kept", [=] { return decode(kept->get(), bytes); });
         add(to + "icu opened each time", [=] { return decode(open(encoding).get(), bytes); });
-        add(to + "iconv kept", [=] { return iconv_to->convert<char16_t>(bytes); });
-        add(to + "iconv opened each time",
-            [=] { return iconv_handle("UTF-16LE", encoding.c_str()).convert<char16_t>(bytes); });
         add_under(c.locale, from + "ours", [=] { return to_string(text); });
         add(from + "icu kept", [=] { return encode(kept->get(), text); });
         add(from + "icu opened each time", [=] { return encode(open(encoding).get(), text); });
+#ifdef FL_I18N_HAS_ICONV
+        auto const iconv_to = std::make_shared<iconv_handle>("UTF-16LE", c.encoding);
+        auto const iconv_from = std::make_shared<iconv_handle>(c.encoding, "UTF-16LE");
+        add(to + "iconv kept", [=] { return iconv_to->convert<char16_t>(bytes); });
+        add(to + "iconv opened each time",
+            [=] { return iconv_handle("UTF-16LE", encoding.c_str()).convert<char16_t>(bytes); });
         add(from + "iconv kept", [=] { return iconv_from->convert<char>(text); });
         add(from + "iconv opened each time",
             [=] { return iconv_handle(encoding.c_str(), "UTF-16LE").convert<char>(text); });
+#endif
         // A converter of the name for one text.
         std::string const named_to = std::string("named to UTF-16/") + c.name + "/";
         std::string const named_from = std::string("named from UTF-16/") + c.name + "/";
