@@ -71,13 +71,13 @@ void add(std::string const & subject, icu_mapping mapping, mapping_case const & 
             benchmark::DoNotOptimize(fl::i18n::transform(row.text, Mode(*locale)));
         }
     });
-    benchmark::RegisterBenchmark((name + "icu").c_str(), [=](benchmark::State & state) {
+    benchmark::RegisterBenchmark((name + "ICU").c_str(), [=](benchmark::State & state) {
         for (auto _ : state) {
             benchmark::DoNotOptimize(map_with_icu(mapping, row.text, row.locale));
         }
     });
     if (row.text.size() > 256) {
-        benchmark::RegisterBenchmark((name + "icu, one pass").c_str(), [=](benchmark::State & state) {
+        benchmark::RegisterBenchmark((name + "ICU, one pass").c_str(), [=](benchmark::State & state) {
             for (auto _ : state) {
                 benchmark::DoNotOptimize(guess_with_icu(mapping, row.text, row.locale));
             }

@@ -188,15 +188,15 @@ void add_utf8() {
             auto const utf8 = std::make_shared<std::string>(ustring_to_utf8(*utf16));
             std::string const subject = std::string("/") + s.name + " " + size + "/";
             add("utf8 to utf16" + subject + "ours", [=] { return utf8_to_ustring(*utf8); });
-            add("utf8 to utf16" + subject + "icu",
+            add("utf8 to utf16" + subject + "ICU",
                 [=] { return in_one_pass<char16_t>(utf8->size(), from_utf8(*utf8)); });
             add("utf16 to utf8" + subject + "ours", [=] { return ustring_to_utf8(*utf16); });
-            add("utf16 to utf8" + subject + "icu",
+            add("utf16 to utf8" + subject + "ICU",
                 [=] { return in_one_pass<char>(3 * utf16->size(), to_utf8(*utf16)); });
             if (length > 1024) {
-                add("utf8 to utf16" + subject + "icu two passes",
+                add("utf8 to utf16" + subject + "ICU, two passes",
                     [=] { return in_two_passes<char16_t>(utf8->size(), from_utf8(*utf8)); });
-                add("utf16 to utf8" + subject + "icu two passes",
+                add("utf16 to utf8" + subject + "ICU, two passes",
                     [=] { return in_two_passes<char>(utf16->size(), to_utf8(*utf16)); });
             }
         }
@@ -244,11 +244,11 @@ void add_process_encoding() {
         std::string const to = std::string("to_ustring/") + c.name + "/";
         std::string const from = std::string("to_string/") + c.name + "/";
         add_under(c.locale, to + "ours", [=] { return to_ustring(bytes); });
-        add(to + "icu kept", [=] { return decode(kept->get(), bytes); });
-        add(to + "icu opened each time", [=] { return decode(open(encoding).get(), bytes); });
+        add(to + "ICU kept", [=] { return decode(kept->get(), bytes); });
+        add(to + "ICU opened each time", [=] { return decode(open(encoding).get(), bytes); });
         add_under(c.locale, from + "ours", [=] { return to_string(text); });
-        add(from + "icu kept", [=] { return encode(kept->get(), text); });
-        add(from + "icu opened each time", [=] { return encode(open(encoding).get(), text); });
+        add(from + "ICU kept", [=] { return encode(kept->get(), text); });
+        add(from + "ICU opened each time", [=] { return encode(open(encoding).get(), text); });
 #ifdef FL_I18N_HAS_ICONV
         auto const iconv_to = std::make_shared<iconv_handle>("UTF-16LE", c.encoding);
         auto const iconv_from = std::make_shared<iconv_handle>(c.encoding, "UTF-16LE");
@@ -263,16 +263,16 @@ void add_process_encoding() {
         std::string const named_to = std::string("named to UTF-16/") + c.name + "/";
         std::string const named_from = std::string("named from UTF-16/") + c.name + "/";
         add(named_to + "ours", [=] { return codecvt_string_to_ustring(encoding, false).convert(bytes); });
-        add(named_to + "icu opened each time", [=] { return decode(open(encoding).get(), bytes); });
+        add(named_to + "ICU opened each time", [=] { return decode(open(encoding).get(), bytes); });
         add(named_from + "ours", [=] { return codecvt_ustring_to_string(encoding, false).convert(text); });
-        add(named_from + "icu opened each time", [=] { return encode(open(encoding).get(), text); });
+        add(named_from + "ICU opened each time", [=] { return encode(open(encoding).get(), text); });
         std::string const function = std::string("named, by to_ustring/") + c.name + "/";
         add(function + "ours", [=] { return to_ustring(bytes, codecvt_string_to_ustring(encoding, false)); });
-        add(function + "icu opened each time", [=] { return decode(open(encoding).get(), bytes); });
+        add(function + "ICU opened each time", [=] { return decode(open(encoding).get(), bytes); });
         std::string const terminal = std::string("terminal to UTF-16/") + c.name + "/";
         add_under(c.locale, terminal + "ours",
                   [=] { return to_ustring(bytes, *create_codecvt_terminal_to_ustring()); });
-        add(terminal + "icu opened each time", [=] { return decode(open(encoding).get(), bytes); });
+        add(terminal + "ICU opened each time", [=] { return decode(open(encoding).get(), bytes); });
     }
 }
 
