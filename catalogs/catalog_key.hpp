@@ -31,8 +31,8 @@ struct catalog_key {
     std::size_t hash() const { return hash_text(id) ^ std::rotl(hash_text(locale), 1); }
     /// Tells whether `key` consists of the two parts.
     bool is(std::string_view key) const {
-        return key.size() == id.size() + 1 + locale.size() && key[id.size()] == ':' && key.starts_with(id) &&
-               key.ends_with(locale);
+        return key.size() == id.size() + 1 + locale.size() && key[id.size()] == ':' &&
+               equal_text(key.substr(0, id.size()), id) && equal_text(key.substr(id.size() + 1), locale);
     }
 };
 

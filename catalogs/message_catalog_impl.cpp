@@ -39,15 +39,11 @@ void MessageCatalogImpl::load(MessageCatalogFileLoader & loader, message_pool & 
     }
 }
 
-std::u16string_view find_text(message_texts texts, std::string_view catalog, std::string_view key) {
+void throw_no_text(message_texts texts, std::string_view catalog, std::string_view key) {
     if (!texts) {
         boost::throw_exception(MessageCatalog::MessageCatalogLoadFailed(std::string(catalog)));
     }
-    auto const found = texts.find(key);
-    if (!found) {
-        boost::throw_exception(MessageCatalog::MessageNotFound(std::string(catalog), std::string(key)));
-    }
-    return *found;
+    boost::throw_exception(MessageCatalog::MessageNotFound(std::string(catalog), std::string(key)));
 }
 
 } // namespace fl::i18n

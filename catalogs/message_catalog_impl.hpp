@@ -41,8 +41,18 @@ private:
     std::shared_ptr<XMLCatalogDataStore const> store_;
 };
 
-/// Returns the text of a key among a catalog's texts; throws `MessageCatalog::MessageCatalogLoadFailed` when
-/// the catalog is not loaded, and `MessageCatalog::MessageNotFound`.
-std::u16string_view find_text(message_texts texts, std::string_view catalog, std::string_view key);
+/// Throws `MessageCatalog::MessageCatalogLoadFailed` when there is no store behind a catalog's texts, else
+/// `MessageCatalog::MessageNotFound`.
+[[noreturn]] void throw_no_text(message_texts texts, std::string_view catalog, std::string_view key);
+
+/// Returns the text of a key among a catalog's texts, or throws as `throw_no_text`.
+inline std::u16string_view find_text(message_texts texts, std::string_view catalog, std::string_view key) {
+    if (texts) {
+        if (auto const found = texts.find(key)) {
+            return *found;
+        }
+    }
+    throw_no_text(texts, catalog, key);
+}
 
 } // namespace fl::i18n

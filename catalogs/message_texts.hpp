@@ -48,7 +48,7 @@ public:
     /// Returns the slot of a key with this hash, or the free one where it is to be put.
     std::size_t find_slot(std::string_view key, std::uint32_t hash) const {
         std::size_t i = hash & mask_;
-        while (!slots_[i].is_free() && (slots_[i].hash != hash || this->key(slots_[i]) != key)) {
+        while (!slots_[i].is_free() && (slots_[i].hash != hash || !equal_text(this->key(slots_[i]), key))) {
             i = (i + 1) & mask_;
         }
         return i;

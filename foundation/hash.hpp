@@ -55,4 +55,29 @@ inline std::uint64_t hash_text(std::string_view text, std::uint64_t seed = 0) {
     return mix(mix(a ^ multiplier_2, b ^ h), multiplier_1);
 }
 
+/// Tells whether two texts are equal. For short keys, which a call of the C library would take longer for.
+inline bool equal_text(std::string_view a, std::string_view b) {
+    using namespace hash_detail;
+    char const * const p = a.data();
+    char const * const q = b.data();
+    std::size_t const n = a.size();
+    if (n != b.size()) {
+        return false;
+    }
+    if (n >= 8) {
+        // The last word may overlap the one before.
+        for (std::size_t i = 0; i + 8 < n; i += 8) {
+            if (load<std::uint64_t>(p + i) != load<std::uint64_t>(q + i)) {
+                return false;
+            }
+        }
+        return load<std::uint64_t>(p + n - 8) == load<std::uint64_t>(q + n - 8);
+    }
+    if (n >= 4) {
+        return load<std::uint32_t>(p) == load<std::uint32_t>(q) &&
+               load<std::uint32_t>(p + n - 4) == load<std::uint32_t>(q + n - 4);
+    }
+    return n == 0 || (*p == *q && p[n / 2] == q[n / 2] && p[n - 1] == q[n - 1]);
+}
+
 } // namespace fl
