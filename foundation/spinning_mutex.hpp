@@ -10,12 +10,14 @@ namespace fl {
 class spinning_mutex {
 public:
     void lock() {
-        constexpr int tries = 200;
-        for (int i = 0; i < tries; ++i) {
+        // Each failed attempt takes the cache line away from the holder, so that they become rarer.
+        for (int pauses = 1; pauses <= 256; pauses *= 2) {
             if (mutex_.try_lock()) {
                 return;
             }
-            _mm_pause();
+            for (int i = 0; i < pauses; ++i) {
+                _mm_pause();
+            }
         }
         mutex_.lock();
     }
