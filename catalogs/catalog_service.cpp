@@ -154,25 +154,30 @@ catalog_service::add_catalog(hashed_catalog_key const & key, QzLocale const & lo
     return catalog;
 }
 
-// All keys or none: once the room is there nothing is left that can fail.
-void catalog_service::store(std::initializer_list<catalog_key> keys, catalog_pointer const & catalog,
+// All keys or none: a table may have to grow even for what it has reserved room for.
+void catalog_service::store(std::initializer_list<hashed_catalog_key> keys, catalog_pointer const & catalog,
                             LookupReport * report) {
-    std::vector<stored_catalog_key> stored(keys.begin(), keys.end());
+    try {
+        for (auto const & key : keys) {
+            cache_.try_emplace(stored_catalog_key(key), cache_entry{catalog, catalog->texts()});
+        }
+    } catch (...) {
+        for (auto const & key : keys) {
+            cache_.erase(key);
+        }
+        throw;
+    }
     if (report != nullptr) {
         for (auto & consulted : report->cache_keys) {
-            consulted.stored = std::any_of(keys.begin(), keys.end(),
-                                           [&](catalog_key const & key) { return key.is(consulted.key); });
+            consulted.stored = std::any_of(keys.begin(), keys.end(), [&](catalog_key const & key) {
+                return key.joined() == consulted.key;
+            });
         }
-    }
-    cache_.reserve(cache_.size() + stored.size());
-    for (auto & key : stored) {
-        cache_.try_emplace(std::move(key), cache_entry{catalog, catalog->texts()});
     }
 }
 
 void catalog_service::flush(std::string_view id) {
-    erase_if(cache_,
-             [id](cache::value_type const & entry) { return catalog_key(entry.first.text()).id == id; });
+    erase_if(cache_, [id](cache::value_type const & entry) { return entry.first.parts().id == id; });
 }
 
 void catalog_service::set_additional_locations(std::vector<ustring> const & locations) {

@@ -11,6 +11,7 @@
 #include <fl/i18n/locale.hpp>
 #include <fl/i18n/lookup_report.hpp>
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,7 +54,7 @@ private:
     cache_entry * find_cached(hashed_catalog_key const & key, LookupReport * report);
     catalog_pointer add_catalog(hashed_catalog_key const & key, QzLocale const & locale,
                                 LookupReport * report);
-    void store(std::initializer_list<catalog_key> keys, catalog_pointer const & catalog,
+    void store(std::initializer_list<hashed_catalog_key> keys, catalog_pointer const & catalog,
                LookupReport * report);
     removal try_to_remove(ustring const & location);
 

@@ -206,6 +206,41 @@ TEST_F(CatalogService, RemovesAdditionalLocations) {
                  MessageCatalog::InvalidPathSupplied);
 }
 
+/// A locale that is not the library's own, whose names it does not check.
+class foreign_locale final : public QzLocale {
+public:
+    explicit foreign_locale(std::string name)
+        : name_(std::move(name)) {}
+    bool operator==(QzLocale const & other) const override { return this == &other; }
+    bool operator!=(QzLocale const & other) const override { return this != &other; }
+    std::string getLcName(LcCategory) const override { return name_; }
+    bool isUserLocale(LcCategory) const override { return false; }
+    std::string getLanguage(LcCategory) const override { return {}; }
+    std::string getUserLcName(LcCategory) const override { return {}; }
+    std::string getTerritory(LcCategory) const override { return {}; }
+    std::string getXpgName() const override { return {}; }
+    std::string getEncoding() const override { return {}; }
+    LcOptData getOptData(LcOptDataType) const override { return {}; }
+
+private:
+    std::string name_;
+};
+
+TEST_F(CatalogService, KeepsCatalogsForAnyNameOfALocale) {
+    write(u"one/resources/a/en_US_POSIX/b.xml", "classic");
+    service_.initialise({path(u"one")});
+    for (std::string const name : {"ja:JP", "", "a_name_of_a_locale_longer_than_most_others:::"}) {
+        SCOPED_TRACE(name);
+        foreign_locale const locale(name);
+        auto const catalog = service_.get_catalog("a:b", locale);
+        LookupReport report;
+        EXPECT_EQ(service_.get_catalog("a:b", locale, &report), catalog);
+        EXPECT_TRUE(report.cache_keys.at(0).hit);
+        EXPECT_EQ(report.cache_keys.at(0).key, "a:b:" + name);
+        EXPECT_EQ(service_.get_texts("a:b", locale).find("k"), u"classic");
+    }
+}
+
 TEST_F(CatalogService, LoadsACatalogOnceForAllThreads) {
     write(u"one/resources/a/ja/b.xml", "ja");
     service_.initialise({path(u"one")});
