@@ -17,7 +17,8 @@ namespace {
 /// Tells whether a message without arguments is its own result: it has neither holes nor apostrophes.
 bool is_plain(std::u16string_view message) {
     char16_t const * const end = message.data() + message.size();
-    return message.size() <= INT32_MAX && find_either(message.data(), end, u'{', u'\'') == end;
+    return message.size() <= simple_message::size_limit &&
+           find_either(message.data(), end, u'{', u'\'') == end;
 }
 
 } // namespace

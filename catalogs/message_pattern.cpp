@@ -148,8 +148,13 @@ ustring message_pattern::fill(std::vector<Argument> const & args,
         return ustring(message_);
     }
     std::vector<icu::Formattable> values(args.size());
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        std::visit(formattable_setter{values[i]}, args[i]);
+    try {
+        for (std::size_t i = 0; i < args.size(); ++i) {
+            std::visit(formattable_setter{values[i]}, args[i]);
+        }
+    } catch (boost::numeric::positive_overflow const &) {
+        check(); // a message that is refused comes before an argument that is too long
+        throw;
     }
     UErrorCode status = U_ZERO_ERROR;
     icu::UnicodeString result;

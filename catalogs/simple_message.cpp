@@ -14,9 +14,6 @@ namespace {
 
 using Argument = MessageCatalog::Argument;
 
-/// Messages and arguments beyond this are left to ICU, which has its limits not far from this.
-constexpr std::size_t size_limit = std::size_t{1} << 26;
-
 /// Hole numbers are below this.
 constexpr std::size_t most_holes = 64;
 

@@ -16,6 +16,8 @@ namespace fl::i18n {
 class simple_message {
 public:
     static constexpr auto too_much = static_cast<std::size_t>(-1);
+    /// Messages and arguments of more units are left to ICU, which has its limits not far from this.
+    static constexpr std::size_t size_limit = std::size_t{1} << 26;
 
     /// Reads a message, which must outlive the object. It is not simple when it has anything else, such as
     /// quoted text, names of holes or unusual spelling, or when it is very large.
