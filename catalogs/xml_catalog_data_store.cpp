@@ -74,7 +74,7 @@ std::optional<std::uint32_t> XMLCatalogDataStore::append(std::string_view key, s
     std::size_t const text_begin = begin + (key.size() + 1) / sizeof(char16_t);
     units_.resize(text_begin + text.size());
     texts_ = {units_.data(), slots_};
-    std::memcpy(units_.data() + begin, key.data(), key.size());
+    key.copy(reinterpret_cast<char *>(units_.data() + begin), key.size());
     auto const length = write_text(units_.data() + text_begin, text);
     if (length) {
         units_.resize(text_begin + *length);

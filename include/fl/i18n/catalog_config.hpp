@@ -159,8 +159,8 @@ private:
     std::optional<Config> find(ConfigKind kind) const;
 
     std::unordered_map<ConfigKind, Config> configs_;
-    std::atomic<bool> has_double_format_ = false; // doubles ask for a format far more often than there is one
     mutable std::shared_timed_mutex mutex_;
+    std::atomic<bool> has_double_format_ = false; // doubles ask for a format far more often than there is one
 };
 
 /// Hands out the registry of the process.
