@@ -10,11 +10,11 @@ kept_encoding const * encoding_registry::add(std::string const & name, icu_conve
     if (!encoding) {
         encoding = std::make_unique<kept_encoding const>(std::move(converter));
     }
-    std::size_t const place = place_of(name);
-    if (place != slot_count && !slots_[place].load(std::memory_order_relaxed)) {
+    place const at = place_of(name);
+    if (at.slot != slot_count && !at.found) {
         names_.push_back(
             std::make_unique<named_encoding const>(named_encoding{name_ends(name), name, encoding.get()}));
-        slots_[place].store(names_.back().get(), std::memory_order_release);
+        slots_[at.slot].store(names_.back().get(), std::memory_order_release);
     }
     return encoding.get();
 }

@@ -43,8 +43,12 @@ private:
     };
     static constexpr std::size_t slot_count = 512;
 
-    /// Returns the place of a name, or the free one where it would be, or `slot_count`.
-    std::size_t place_of(std::string_view name) const noexcept;
+    struct place {
+        std::size_t slot;             ///< of the name, or the free one where it would be, or `slot_count`
+        named_encoding const * found; ///< null when the slot is free
+    };
+    /// Looks at each slot once, as another thread may fill a free one at any time, also with another name.
+    place place_of(std::string_view name) const noexcept;
 
     /// A name is in the first free slot from that of its hash on; slots are filled once.
     std::array<std::atomic<named_encoding const *>, slot_count> slots_{};
@@ -66,24 +70,23 @@ inline encoding_registry::name_ends::name_ends(std::string_view name) noexcept
     }
 }
 
-inline std::size_t encoding_registry::place_of(std::string_view name) const noexcept {
+inline encoding_registry::place encoding_registry::place_of(std::string_view name) const noexcept {
     // Names are few against the slots: a search that does not end soon may as well be given up.
     constexpr std::size_t longest_search = 16;
     name_ends const ends(name);
     std::size_t const start = ((ends.first ^ (ends.last >> 7) ^ ends.length) * 0x9E3779B97F4A7C15) >> 32;
     for (std::size_t i = 0; i < longest_search; ++i) {
-        std::size_t const place = (start + i) % slot_count;
-        auto const * const there = slots_[place].load(std::memory_order_acquire);
+        std::size_t const slot = (start + i) % slot_count;
+        auto const * const there = slots_[slot].load(std::memory_order_acquire);
         if (!there || (there->ends == ends && (ends.length <= 16 || there->name == name))) {
-            return place;
+            return {slot, there};
         }
     }
-    return slot_count;
+    return {slot_count, nullptr};
 }
 
 inline kept_encoding const * encoding_registry::find(std::string_view name) const noexcept {
-    std::size_t const place = place_of(name);
-    auto const * const found = place == slot_count ? nullptr : slots_[place].load(std::memory_order_acquire);
+    auto const * const found = place_of(name).found;
     return found ? found->encoding : nullptr;
 }
 
