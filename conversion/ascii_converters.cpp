@@ -1,4 +1,5 @@
 #include "foundation/ascii_run.hpp"
+#include "foundation/overlap.hpp"
 
 #include <algorithm>
 #include <boost/throw_exception.hpp>
@@ -20,6 +21,13 @@ void require_ascii(Char const * source, std::size_t length) {
     if (ascii_run_length(source, length) != length) {
         boost::throw_exception(CvtInvalidCharacter());
     }
+}
+
+/// Tells whether a text is ASCII alone and may be converted in any order.
+template <class To, class From>
+bool can_copy_run(To const * destination, From const * source, std::size_t length) {
+    return ascii_run_length(source, length) == length &&
+           !overlap(destination, length * sizeof(To), source, length * sizeof(From));
 }
 
 template <class To, class From>
@@ -53,10 +61,11 @@ std::size_t codecvt_ascii_to_ustring::do_convert(char16_t * destination, std::si
         return 0;
     }
     auto const length = std::min(destination_length, source_length);
-    if (ascii_run_length(source, length) == length) {
+    if (can_copy_run(destination, source, length)) {
         return widen_ascii_run(destination, source, length);
     }
-    // From the end towards the start: what a strict failure leaves in the buffer is the tail.
+    // From the end towards the start: what a strict failure leaves in the buffer is the tail, and a text may
+    // be converted in its own place.
     for (auto i = length; i-- > 0;) {
         destination[i] = convert_unit(source[i], lenient_, u'\xFFFD');
     }
@@ -87,7 +96,7 @@ std::size_t codecvt_ustring_to_ascii::do_convert(char * destination, std::size_t
         return 0;
     }
     auto const length = std::min(destination_length, source_length);
-    if (ascii_run_length(source, length) == length) {
+    if (can_copy_run(destination, source, length)) {
         return narrow_ascii_run(destination, source, length);
     }
     // The substitute is deliberately no character of ASCII.

@@ -13,7 +13,7 @@ std::size_t copy_units(To * destination, std::size_t destination_length, From co
                        std::size_t source_length) {
     std::size_t const length = std::min(destination_length, source_length);
     if constexpr (sizeof(To) == sizeof(From)) {
-        std::memcpy(destination, source, length * sizeof(To));
+        std::memmove(destination, source, length * sizeof(To));
     } else {
         std::transform(source, source + length, destination, [](From unit) { return static_cast<To>(unit); });
     }

@@ -166,6 +166,19 @@ TEST_F(LocaleEncodings, GiveTheTerminalConverters) {
     EXPECT_EQ(create_codecvt_terminal_input_to_ustring()->get_destination_size("abc"), 3u);
 }
 
+TEST(Ascii, ConvertsATextInItsOwnPlace) {
+    std::string const text = "What stands here is longer than one block, and more than two.";
+    for (std::size_t length = 1; length <= text.size(); ++length) {
+        std::u16string units(length, u'\0');
+        auto * const bytes = reinterpret_cast<char *>(units.data());
+        text.copy(bytes, length);
+        codecvt_ascii_to_ustring(false).convert(units.data(), length, bytes, length);
+        ASSERT_EQ(units, std::u16string(text.begin(), text.begin() + std::ptrdiff_t(length)));
+        codecvt_ustring_to_ascii(false).convert(bytes, length, units.data(), length);
+        ASSERT_EQ(std::string(bytes, length), text.substr(0, length));
+    }
+}
+
 TEST(Ascii, ReplacesOrThrows) {
     char16_t units[4] = {};
     char bytes[4] = {};
