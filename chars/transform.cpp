@@ -1,6 +1,7 @@
 #include "chars/case_run.hpp"
 #include "chars/mark_order.hpp"
 #include "foundation/ascii.hpp"
+#include "foundation/overlap.hpp"
 #include "locale/qz_locale_impl.hpp"
 
 #include <algorithm>
@@ -115,6 +116,14 @@ std::size_t context_begin(std::u16string_view text, std::size_t end) {
     return end > 0 ? end - 1 : 0;
 }
 
+/// Tells whether a buffer takes each unit of a text at its place and leaves the text as it is. Into others
+/// the conversion library maps whole texts, as it copes with overlaps and omits what has no room.
+bool is_roomy(char16_t const * dst, std::size_t dst_len, std::u16string_view text) {
+    constexpr std::size_t size = sizeof(char16_t);
+    return dst && dst_len >= text.size() &&
+           !overlap(dst, std::min(dst_len, largest_size) * size, text.data(), text.size() * size);
+}
+
 /// Maps a text of which a part is in the buffer already, and returns the length of the full result.
 template <letter_case To>
 std::size_t map_rest(char16_t * dst, std::size_t dst_len, std::u16string_view text, case_run::progress done,
@@ -141,14 +150,20 @@ std::size_t map_case(char16_t * dst, std::size_t dst_len, char16_t const * src, 
     std::string storage;
     std::uint32_t const language = language_of(lc_name(locale, QzLocale::LcCategory::ctype, storage));
     std::u16string_view const text = source_text(src, src_len);
-    case_run::progress const done = case_run::map<To>(dst, dst ? dst_len : 0, text, rules_of(language));
-    std::size_t const length =
-        done.read == text.size() ? done.written : map_rest<To>(dst, dst_len, text, done, language);
-    if (length > largest_size) {
+    case_run::progress done{};
+    if (is_roomy(dst, dst_len, text)) {
+        done = case_run::map<To>(dst, dst_len, text, rules_of(language));
+    }
+    if (done.read < text.size()) {
+        done.written = map_rest<To>(dst, dst_len, text, done, language);
+    } else if (done.read != 0 && done.written < dst_len) {
+        dst[done.written] = u'\0'; // as the conversion library ends a result where it can
+    }
+    if (done.written > largest_size) {
         // The conversion library's own answer to a result that it cannot count.
         boost::throw_exception(CtypeTransformFailure(U_INDEX_OUTOFBOUNDS_ERROR));
     }
-    return length;
+    return done.written;
 }
 
 auto normalizer_of(normalization_form form) {

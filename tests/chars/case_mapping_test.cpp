@@ -43,14 +43,17 @@ void expect_mapping(ustring const & text, ustring const & expected, Mode const &
     constexpr char16_t canary = u'\xFFFE';
     ustring const source = ustring(offset % 9, u'x') + text;
     ustring target(offset % 7 + expected.size() + 8, canary);
-    for (std::size_t const room : {expected.size(), offset % (expected.size() + 1)}) {
+    for (std::size_t const room : {expected.size(), expected.size() + 1, offset % (expected.size() + 1)}) {
         std::size_t const begin = offset % 7;
         target.assign(target.size(), canary);
         ASSERT_EQ(
             detail::transform(target.data() + begin, room, source.data() + offset % 9, text.size(), mode),
             expected.size());
-        if (room == expected.size()) {
-            ASSERT_EQ(target.substr(begin, room), expected);
+        if (room >= expected.size()) {
+            ASSERT_EQ(target.substr(begin, expected.size()), expected);
+        }
+        if (room > expected.size() && !text.empty()) {
+            ASSERT_EQ(target[begin + expected.size()], u'\0');
         }
         ASSERT_EQ(target.substr(begin + room), ustring(target.size() - begin - room, canary));
     }
@@ -165,6 +168,21 @@ TEST(CaseMapping, IsThatOfTheConversionLibraryForRandomTexts) {
                          << row.name << ", seed " << seed << ", text " << testing::PrintToString(text));
             ASSERT_NO_FATAL_FAILURE(expect_mappings(text, row, *locale, random()));
         }
+    }
+}
+
+TEST(CaseMapping, TakesABufferOverItsSource) {
+    auto const locale = QzLocale::createLocale("de");
+    ustring const text = u"The Gru\xDF of Some Length, and More of It Behind \x149 the End";
+    std::size_t const place = text.size();
+    ustring const expected = transform(text, to_upper_locale(*locale));
+    for (std::size_t begin = 0; begin < 2 * place; ++begin) {
+        ustring memory(4 * place, u'.');
+        text.copy(memory.data() + place, text.size(), 0);
+        ASSERT_EQ(detail::transform(memory.data() + begin, expected.size(), memory.data() + place,
+                                    text.size(), to_upper_locale(*locale)),
+                  expected.size());
+        ASSERT_EQ(memory.substr(begin, expected.size()), expected) << begin;
     }
 }
 
