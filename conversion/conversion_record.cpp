@@ -19,8 +19,11 @@ std::unique_ptr<conversion_record> open_conversion_record(std::string const & en
 
 named_encoding find_named_encoding(std::string const & name) {
     named_encoding result;
-    result.shared.reset(name.empty() ? lcmgmt::process_encoding() : lcmgmt::find_encoding(name));
-    if (!result.shared) {
+    kept_encoding const * const kept =
+        name.empty() ? lcmgmt::process_encoding() : lcmgmt::find_encoding(name);
+    if (kept && kept->has_clones()) {
+        result.shared.reset(kept);
+    } else {
         result.record = open_conversion_record(name);
     }
     return result;

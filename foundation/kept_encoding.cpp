@@ -40,6 +40,8 @@ kept_encoding::form kept_encoding::form_of(UConverter const * converter) {
     case UCNV_DBCS:
     case UCNV_MBCS:
         return form::by_tables;
+    case UCNV_COMPOUND_TEXT:
+        return form::by_opened_converter;
     default:
         return form::by_converter;
     }

@@ -23,8 +23,13 @@ public:
     kept_encoding(kept_encoding const &) = delete;
     kept_encoding & operator=(kept_encoding const &) = delete;
 
-    /// Returns a converter of the caller's own, as it was opened; null on failure.
-    icu_converter clone() const { return clone_converter(converter_.get()); }
+    /// Tells whether converters can be cloned. The conversion library's clones of a compound text converter
+    /// share what each of them frees.
+    bool has_clones() const { return form_ != form::by_opened_converter; }
+
+    /// Returns a converter of the caller's own, as it was opened; null on failure and where there are no
+    /// clones.
+    icu_converter clone() const { return has_clones() ? clone_converter(converter_.get()) : nullptr; }
 
     /// Tells whether tables convert anything.
     bool has_tables() const { return form_ == form::by_tables; }
@@ -39,7 +44,7 @@ public:
     conversion_progress encode(char * destination, std::u16string_view source) const;
 
 private:
-    enum class form { by_tables, utf8, by_converter };
+    enum class form { by_tables, utf8, by_converter, by_opened_converter };
     using slot = std::atomic<encoding_page const *>;
 
     static form form_of(UConverter const * converter);

@@ -164,6 +164,13 @@ TEST(Encodings, ForgetEarlierTexts) {
     EXPECT_EQ(to_string(text, c), bytes);
 }
 
+TEST(Encodings, AreOpenedAnewWhereConvertersCannotBeCloned) {
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(codecvt_ustring_to_string("x11-compound-text", true).convert(u"a\xE9\x436"),
+                  "a\xE9\x1B-L\xD6");
+    }
+}
+
 TEST(Encodings, ConvertMostTextsByTables) {
     char bytes[32];
     char16_t units[32];
