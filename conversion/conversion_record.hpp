@@ -21,6 +21,14 @@ struct conversion_record {
     void const * replaced_from_unicode_context = nullptr;
 };
 
+/// Gives the library's own functions the encoding of a named converter.
+struct encoding_access {
+    template <class Converter>
+    static named_encoding const & of(Converter const & converter) {
+        return converter.encoding_;
+    }
+};
+
 /// Opens the converter of an encoding, the global locale's for an empty name; throws
 /// `CvtInvalidEncodingName`.
 std::unique_ptr<conversion_record> open_conversion_record(std::string const & encoding);

@@ -28,9 +28,9 @@ conversion_record & to_unicode_record(named_encoding & encoding) {
     return *encoding.record;
 }
 
-/// Returns what converts the rest of a text that tables begin.
-UConverter * to_unicode_converter(named_encoding & encoding) {
-    return to_unicode_record(encoding).converter.get();
+/// Returns what opens the converter for the rest of a text that tables begin.
+auto to_unicode_converter(named_encoding & encoding) {
+    return [&encoding](icu_converter &) { return to_unicode_record(encoding).converter.get(); };
 }
 
 conversion_record & from_unicode_record(named_encoding & encoding) {
@@ -40,17 +40,19 @@ conversion_record & from_unicode_record(named_encoding & encoding) {
     return *encoding.record;
 }
 
-/// Returns what converts the rest of a text that tables begin; `clone` may hold it.
+/// Returns what opens the converter for the rest of a text that tables begin.
 ///
 /// The choice between an encoding's two substitution characters outlives a conversion in the converter, until
 /// it meets other characters. Those that tables convert it does not meet, so it starts as new each time.
-UConverter * from_unicode_converter(named_encoding & encoding, icu_converter & clone) {
-    auto const & own = from_unicode_record(encoding).converter;
-    if (!encoding.shared || !encoding.shared->has_tables()) {
-        return own.get();
-    }
-    clone = clone_converter(own.get());
-    return require_clone(clone);
+auto from_unicode_converter(named_encoding & encoding) {
+    return [&encoding](icu_converter & clone) {
+        auto const & own = from_unicode_record(encoding).converter;
+        if (!encoding.shared || !encoding.shared->has_tables()) {
+            return own.get();
+        }
+        clone = clone_converter(own.get());
+        return require_clone(clone);
+    };
 }
 
 } // namespace
@@ -93,14 +95,13 @@ std::size_t codecvt_string_to_ustring::do_get_destination_size(char const * sour
 
 std::size_t codecvt_string_to_ustring::do_convert(char16_t * destination, std::size_t destination_length,
                                                   char const * source, std::size_t source_length) const {
-    return convert_text_pass<to_unicode_direction>(encoding_.shared.get(),
-                                                   [this] { return to_unicode_converter(encoding_); },
+    return convert_text_pass<to_unicode_direction>(encoding_.shared.get(), to_unicode_converter(encoding_),
                                                    destination, destination_length, {source, source_length});
 }
 
 ustring codecvt_string_to_ustring::do_convert(char const * source, std::size_t source_length) {
-    return convert_text<to_unicode_direction>(
-        encoding_.shared.get(), [this] { return to_unicode_converter(encoding_); }, {source, source_length});
+    return convert_text<to_unicode_direction>(encoding_.shared.get(), to_unicode_converter(encoding_),
+                                              {source, source_length});
 }
 
 codecvt_ustring_to_string::codecvt_ustring_to_string(std::string const & encoding, bool lenient)
@@ -143,16 +144,13 @@ std::size_t codecvt_ustring_to_string::do_get_destination_size(char16_t const * 
 
 std::size_t codecvt_ustring_to_string::do_convert(char * destination, std::size_t destination_length,
                                                   char16_t const * source, std::size_t source_length) const {
-    icu_converter clone;
-    return convert_text_pass<from_unicode_direction>(
-        encoding_.shared.get(), [&] { return from_unicode_converter(encoding_, clone); }, destination,
-        destination_length, {source, source_length});
+    return convert_text_pass<from_unicode_direction>(encoding_.shared.get(),
+                                                     from_unicode_converter(encoding_), destination,
+                                                     destination_length, {source, source_length});
 }
 
 std::string codecvt_ustring_to_string::do_convert(char16_t const * source, std::size_t source_length) {
-    icu_converter clone;
-    return convert_text<from_unicode_direction>(encoding_.shared.get(),
-                                                [&] { return from_unicode_converter(encoding_, clone); },
+    return convert_text<from_unicode_direction>(encoding_.shared.get(), from_unicode_converter(encoding_),
                                                 {source, source_length});
 }
 

@@ -1,10 +1,13 @@
+#include "conversion/conversion_record.hpp"
 #include "conversion/encoding_diagnostics.hpp"
 #include "conversion/text_conversion.hpp"
 #include "locale/encodings.hpp"
 
 #include <boost/throw_exception.hpp>
+#include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/locale.hpp>
 #include <fl/i18n/ustring.hpp>
+#include <typeinfo>
 
 namespace fl::i18n {
 
@@ -15,18 +18,38 @@ namespace {
 template <class Direction>
 auto convert_process_text(std::basic_string_view<typename Direction::from> text) {
     kept_encoding const * const encoding = lcmgmt::process_encoding();
-    icu_converter converter;
-    auto const open = [&] {
-        converter = encoding ? encoding->clone() : nullptr;
-        if (!converter) {
-            converter = lcmgmt::open_encoding(QzLocale::global().getEncoding());
+    auto const open = [encoding](icu_converter & own) {
+        own = encoding ? encoding->clone() : nullptr;
+        if (!own) {
+            own = lcmgmt::open_encoding(QzLocale::global().getEncoding());
         }
-        if (!converter) {
+        if (!own) {
             boost::throw_exception(CvtConversionFailure());
         }
-        return converter.get();
+        return own.get();
     };
     return convert_text<Direction>(encoding, open, text);
+}
+
+/// Converts a text by a converter of the caller's.
+///
+/// What the tables of a named encoding convert they convert in one pass, as nobody can tell; a derived class
+/// could.
+template <class Direction, class Named>
+auto convert_text_with(converter<typename Direction::to, typename Direction::from> const & with,
+                       std::basic_string_view<typename Direction::from> text) {
+    auto const * const encoding =
+        typeid(with) == typeid(Named)
+            ? detail::encoding_access::of(static_cast<Named const &>(with)).shared.get()
+            : nullptr;
+    if (encoding) {
+        table_buffer<Direction> buffer;
+        auto const progress = Direction::by_tables(*encoding, buffer.data(), text.substr(0, table_piece));
+        if (progress.consumed == text.size()) {
+            return std::basic_string<typename Direction::to>(buffer.data(), progress.produced);
+        }
+    }
+    return convert_exactly(with, text.data(), text.size());
 }
 
 } // namespace
@@ -48,11 +71,11 @@ ustring to_ustring(char const * text) {
 }
 
 ustring to_ustring(std::string const & text, converter<char16_t, char> const & with) {
-    return convert_exactly(with, text.data(), text.size());
+    return convert_text_with<to_unicode_direction, codecvt_string_to_ustring>(with, text);
 }
 
 ustring to_ustring(char const * text, converter<char16_t, char> const & with) {
-    return text ? convert_exactly(with, text, std::char_traits<char>::length(text)) : ustring();
+    return text ? convert_text_with<to_unicode_direction, codecvt_string_to_ustring>(with, text) : ustring();
 }
 
 std::string to_string(ustring const & text) {
@@ -64,7 +87,7 @@ std::string to_string(ustring const & text) {
 }
 
 std::string to_string(ustring const & text, converter<char, char16_t> const & with) {
-    return convert_exactly(with, text.data(), text.size());
+    return convert_text_with<from_unicode_direction, codecvt_ustring_to_string>(with, text);
 }
 
 } // namespace fl::i18n

@@ -1,32 +1,26 @@
+#include "locale/encodings.hpp"
+
 #include <fl/i18n/codecvt.hpp>
-#include <fl/i18n/locale.hpp>
-#include <variant>
 
 namespace fl::i18n {
 
-namespace {
-
-template <class Converter>
-std::unique_ptr<Converter> open_terminal(LcOptDataType item) {
-    return std::make_unique<Converter>(std::get<std::string>(QzLocale::global().getOptData(item)), true);
-}
-
-} // namespace
+// What the global locale answers for the terminal's encodings is the choice of the system or the environment,
+// or else the locale's own encoding, for which the converters take an empty name, too.
 
 std::unique_ptr<converter<char16_t, char> const> create_codecvt_terminal_to_ustring() {
-    return open_terminal<codecvt_string_to_ustring>(LcOptDataType::termencoding);
+    return std::make_unique<codecvt_string_to_ustring>(lcmgmt::terminal_output_encoding(), true);
 }
 
 std::unique_ptr<converter<char16_t, char> const> create_codecvt_terminal_input_to_ustring() {
-    return open_terminal<codecvt_string_to_ustring>(LcOptDataType::terminputencoding);
+    return std::make_unique<codecvt_string_to_ustring>(lcmgmt::terminal_input_encoding(), true);
 }
 
 std::unique_ptr<converter<char, char16_t> const> create_codecvt_ustring_to_terminal() {
-    return open_terminal<codecvt_ustring_to_string>(LcOptDataType::termencoding);
+    return std::make_unique<codecvt_ustring_to_string>(lcmgmt::terminal_output_encoding(), true);
 }
 
 std::unique_ptr<converter<char, char16_t> const> create_codecvt_ustring_to_terminal_output() {
-    return open_terminal<codecvt_ustring_to_string>(LcOptDataType::termoutputencoding);
+    return std::make_unique<codecvt_ustring_to_string>(lcmgmt::terminal_output_encoding(), true);
 }
 
 } // namespace fl::i18n

@@ -2,6 +2,7 @@
 
 #include "conversion/driver.hpp"
 #include "conversion/output_buffer.hpp"
+#include "foundation/icu_converter.hpp"
 #include "foundation/kept_encoding.hpp"
 
 #include <algorithm>
@@ -13,8 +14,8 @@
 /// Conversions by the tables of an encoding, and from the first character that they do not know by a
 /// converter.
 ///
-/// `shared` may be null; `open()` returns the converter for a pass, as `UConverter *`. The results, also
-/// partial ones, and the exceptions are those of the converter alone.
+/// `shared` may be null; `open(own)` returns the converter for a pass, as `UConverter *`, which `own` may
+/// hold. The results, also partial ones, and the exceptions are those of the converter alone.
 namespace fl::i18n {
 
 /// The source units that tables get at once, and room for what they become.
@@ -50,8 +51,35 @@ std::size_t convert_text_pass(kept_encoding const * shared, Open open, typename 
     if (source.empty()) {
         return total;
     }
-    return total + run_pass<Direction>(open(), destination + written, capacity - written, source.data(),
+    icu_converter own;
+    return total + run_pass<Direction>(open(own), destination + written, capacity - written, source.data(),
                                        source.size());
+}
+
+/// Returns a text of which the tables have converted one piece, or the beginning of that, with the rest of
+/// it.
+template <class Direction, class Open>
+[[gnu::noinline]] std::basic_string<typename Direction::to>
+convert_further(kept_encoding const * shared, Open open, table_buffer<Direction> & buffer,
+                conversion_progress progress, std::basic_string_view<typename Direction::from> source) {
+    std::basic_string<typename Direction::to> result;
+    source.remove_prefix(progress.consumed);
+    for (; progress; progress = convert_piece<Direction>(shared, buffer, source)) {
+        append_piece(result, buffer.data(), progress.produced, progress.consumed, source.size());
+    }
+    if (source.empty()) {
+        return result;
+    }
+    icu_converter own;
+    auto rest = collect_output<typename Direction::to>(
+        source.size(), {}, [&](auto * destination, std::size_t capacity) {
+            return run_pass<Direction>(open(own), destination, capacity, source.data(), source.size());
+        });
+    if (result.empty()) {
+        return rest;
+    }
+    result.append(rest);
+    return result;
 }
 
 /// Converts a text into a new string, as `run_driver` does.
@@ -60,26 +88,14 @@ std::basic_string<typename Direction::to>
 convert_text(kept_encoding const * shared, Open open,
              std::basic_string_view<typename Direction::from> source) {
     table_buffer<Direction> buffer;
-    auto progress = convert_piece<Direction>(shared, buffer, source);
-    if (source.empty()) {
+    if (!shared) {
+        return convert_further<Direction>(shared, open, buffer, {}, source);
+    }
+    auto const progress = Direction::by_tables(*shared, buffer.data(), source.substr(0, table_piece));
+    if (progress.consumed == source.size()) {
         return {buffer.data(), progress.produced};
     }
-    std::basic_string<typename Direction::to> result;
-    for (; progress; progress = convert_piece<Direction>(shared, buffer, source)) {
-        append_piece(result, buffer.data(), progress.produced, progress.consumed, source.size());
-    }
-    if (source.empty()) {
-        return result;
-    }
-    auto rest = collect_output<typename Direction::to>(
-        source.size(), {}, [&](auto * destination, std::size_t capacity) {
-            return run_pass<Direction>(open(), destination, capacity, source.data(), source.size());
-        });
-    if (result.empty()) {
-        return rest;
-    }
-    result.append(rest);
-    return result;
+    return convert_further<Direction>(shared, open, buffer, progress, source);
 }
 
 } // namespace fl::i18n

@@ -49,7 +49,7 @@ void store(void * to, __m128i value) {
 // The work on `count` units, 16, 8 or 4, from a position on; each returns one bit for each unit that ends the
 // run.
 
-template <bool printable>
+template <bool printable, bool writes>
 struct widen {
     char16_t * to;
     char const * from;
@@ -57,10 +57,10 @@ struct widen {
     unsigned block(std::size_t at) const {
         __m128i const bytes = load<count>(from + at);
         __m128i const zero = _mm_setzero_si128();
-        if (to) {
+        if constexpr (writes) {
             store<count == 16 ? 16 : 2 * count>(to + at, _mm_unpacklo_epi8(bytes, zero));
         }
-        if (to && count == 16) {
+        if constexpr (writes && count == 16) {
             store<16>(to + at + 8, _mm_unpackhi_epi8(bytes, zero));
         }
         __m128i const others = printable ? _mm_or_si128(_mm_cmplt_epi8(bytes, _mm_set1_epi8(0x20)),
@@ -70,14 +70,14 @@ struct widen {
     }
     bool unit(std::size_t at) const {
         auto const byte = static_cast<unsigned char>(from[at]);
-        if (to) {
+        if constexpr (writes) {
             to[at] = byte;
         }
         return printable ? is_printable_ascii(byte) : byte < 0x80;
     }
 };
 
-template <bool printable>
+template <bool printable, bool writes>
 struct narrow {
     char * to;
     char16_t const * from;
@@ -86,7 +86,7 @@ struct narrow {
         __m128i const zero = _mm_setzero_si128();
         __m128i const low = load < count == 16 ? 16 : 2 * count > (from + at);
         __m128i const high = count == 16 ? load<16>(from + at + 8) : zero;
-        if (to) {
+        if constexpr (writes) {
             store<count>(to + at, _mm_packus_epi16(low, high));
         }
         __m128i const ends =
@@ -103,7 +103,7 @@ struct narrow {
         }
     }
     bool unit(std::size_t at) const {
-        if (to) {
+        if constexpr (writes) {
             to[at] = static_cast<char>(from[at]);
         }
         return printable ? is_printable_ascii(from[at]) : from[at] < 0x80;
@@ -150,32 +150,32 @@ std::size_t run(Work work, std::size_t length) {
 
 /// Copies the leading ASCII of a narrow text and returns its length.
 inline std::size_t widen_ascii_run(char16_t * to, char const * from, std::size_t length) {
-    return ascii_detail::run(ascii_detail::widen<false>{to, from}, length);
+    return ascii_detail::run(ascii_detail::widen<false, true>{to, from}, length);
 }
 
 /// Copies the leading ASCII of a UTF-16 text and returns its length.
 inline std::size_t narrow_ascii_run(char * to, char16_t const * from, std::size_t length) {
-    return ascii_detail::run(ascii_detail::narrow<false>{to, from}, length);
+    return ascii_detail::run(ascii_detail::narrow<false, true>{to, from}, length);
 }
 
 /// Copies the leading printable ASCII of a narrow text and returns its length.
 inline std::size_t widen_printable_run(char16_t * to, char const * from, std::size_t length) {
-    return ascii_detail::run(ascii_detail::widen<true>{to, from}, length);
+    return ascii_detail::run(ascii_detail::widen<true, true>{to, from}, length);
 }
 
 /// Copies the leading printable ASCII of a UTF-16 text and returns its length.
 inline std::size_t narrow_printable_run(char * to, char16_t const * from, std::size_t length) {
-    return ascii_detail::run(ascii_detail::narrow<true>{to, from}, length);
+    return ascii_detail::run(ascii_detail::narrow<true, true>{to, from}, length);
 }
 
 /// Returns the length of the leading ASCII of a narrow text.
 inline std::size_t ascii_run_length(char const * text, std::size_t length) {
-    return ascii_detail::run(ascii_detail::widen<false>{nullptr, text}, length);
+    return ascii_detail::run(ascii_detail::widen<false, false>{nullptr, text}, length);
 }
 
 /// Returns the length of the leading ASCII of a UTF-16 text.
 inline std::size_t ascii_run_length(char16_t const * text, std::size_t length) {
-    return ascii_detail::run(ascii_detail::narrow<false>{nullptr, text}, length);
+    return ascii_detail::run(ascii_detail::narrow<false, false>{nullptr, text}, length);
 }
 
 } // namespace fl

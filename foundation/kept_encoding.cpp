@@ -49,15 +49,23 @@ kept_encoding::form kept_encoding::form_of(UConverter const * converter) {
 
 template <class Make>
 encoding_page const * kept_encoding::page(slot & in, Make make) {
-    encoding_page const * current = in.load(std::memory_order_acquire);
-    if (current) {
-        return current;
-    }
+    encoding_page const * const current = in.load(std::memory_order_acquire);
+    return current ? current : new_page(in, make);
+}
+
+template <class Make>
+[[gnu::noinline]] encoding_page const * kept_encoding::new_page(slot & in, Make make) {
+    encoding_page const * current = nullptr;
     auto made = make();
     if (made && in.compare_exchange_strong(current, made.get(), std::memory_order_acq_rel)) {
         return made.release();
     }
     return current; // another thread's, which is the same
+}
+
+encoding_page const * kept_encoding::unit_page(unsigned high) const {
+    return page(units_[high],
+                [&] { return make_unit_page(converter_.get(), static_cast<unsigned char>(high)); });
 }
 
 conversion_progress kept_encoding::decode(char16_t * destination, std::string_view source) const {
@@ -68,18 +76,27 @@ conversion_progress kept_encoding::decode(char16_t * destination, std::string_vi
     if (!singles) {
         return {};
     }
-    char const * from = source.data();
-    char const * const end = from + source.size();
-    char16_t * to = destination;
+    // Most texts are one run.
+    std::size_t const run =
+        singles->keeps_printable_ascii ? widen_printable_run(destination, source.data(), source.size()) : 0;
+    return run == source.size() ? conversion_progress{run, run}
+                                : decode_further(destination, source, run, *singles);
+}
+
+conversion_progress kept_encoding::decode_further(char16_t * destination, std::string_view source,
+                                                  std::size_t run, encoding_page const & singles) const {
+    char const * from = source.data() + run;
+    char const * const end = source.data() + source.size();
+    char16_t * to = destination + run;
     while (from != end) {
         auto const byte = static_cast<unsigned char>(*from);
-        if (singles->keeps_printable_ascii && begins_with_run(from, end)) {
-            std::size_t const run = widen_printable_run(to, from, static_cast<std::size_t>(end - from));
-            from += run;
-            to += run;
+        if (singles.keeps_printable_ascii && begins_with_run(from, end)) {
+            std::size_t const next_run = widen_printable_run(to, from, static_cast<std::size_t>(end - from));
+            from += next_run;
+            to += next_run;
             continue;
         }
-        std::uint16_t value = singles->values[byte];
+        std::uint16_t value = singles.values[byte];
         std::ptrdiff_t length = 1;
         if (value == encoding_page::lead_byte && end - from > 1) {
             auto const * const pairs =
@@ -100,23 +117,28 @@ conversion_progress kept_encoding::encode(char * destination, std::u16string_vie
     if (form_ != form::by_tables) {
         return form_ == form::utf8 ? encode_well_formed_utf8(destination, source) : conversion_progress();
     }
-    auto const page_of = [&](unsigned high) {
-        return page(units_[high],
-                    [&] { return make_unit_page(converter_.get(), static_cast<unsigned char>(high)); });
-    };
-    auto const * const first = page_of(0);
+    auto const * const first = unit_page(0);
+    std::size_t const run = first && first->keeps_printable_ascii
+                                ? narrow_printable_run(destination, source.data(), source.size())
+                                : 0;
+    return run == source.size() ? conversion_progress{run, run} : encode_further(destination, source, run);
+}
+
+conversion_progress kept_encoding::encode_further(char * destination, std::u16string_view source,
+                                                  std::size_t run) const {
+    auto const * const first = unit_page(0);
     bool const runs = first && first->keeps_printable_ascii;
-    char16_t const * from = source.data();
-    char16_t const * const end = from + source.size();
-    char * to = destination;
+    char16_t const * from = source.data() + run;
+    char16_t const * const end = source.data() + source.size();
+    char * to = destination + run;
     while (from != end) {
         if (runs && begins_with_run(from, end)) {
-            std::size_t const run = narrow_printable_run(to, from, static_cast<std::size_t>(end - from));
-            from += run;
-            to += run;
+            std::size_t const next_run = narrow_printable_run(to, from, static_cast<std::size_t>(end - from));
+            from += next_run;
+            to += next_run;
             continue;
         }
-        auto const * const units = page_of(*from >> 8);
+        auto const * const units = unit_page(*from >> 8);
         std::uint16_t const value = units ? units->values[*from & 0xFF] : encoding_page::unknown;
         if (value == encoding_page::unknown) {
             break;

@@ -51,6 +51,14 @@ private:
     /// Returns the page in a slot, which it makes at first; null when that fails.
     template <class Make>
     static encoding_page const * page(slot & in, Make make);
+    template <class Make>
+    static encoding_page const * new_page(slot & in, Make make);
+    encoding_page const * unit_page(unsigned high) const;
+
+    /// Convert what follows a run of ASCII, which is in its place in the destination.
+    conversion_progress decode_further(char16_t * destination, std::string_view source, std::size_t run,
+                                       encoding_page const & singles) const;
+    conversion_progress encode_further(char * destination, std::u16string_view source, std::size_t run) const;
 
     icu_converter converter_;
     form form_;

@@ -25,4 +25,12 @@ kept_encoding const * process_encoding() {
     return QzLocaleCtx::get().process_encoding();
 }
 
+std::string const & terminal_input_encoding() {
+    return QzLocaleCtx::get().terminal_input_encoding();
+}
+
+std::string const & terminal_output_encoding() {
+    return QzLocaleCtx::get().terminal_output_encoding();
+}
+
 } // namespace fl::i18n::lcmgmt

@@ -29,4 +29,9 @@ kept_encoding const * find_encoding(std::string const & name);
 /// that.
 kept_encoding const * process_encoding();
 
+/// Return the encodings that the system or the environment chose for the terminal; empty where that is the
+/// global locale's.
+std::string const & terminal_input_encoding();
+std::string const & terminal_output_encoding();
+
 } // namespace fl::i18n::lcmgmt

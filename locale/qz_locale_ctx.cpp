@@ -307,10 +307,7 @@ kept_encoding const * QzLocaleCtx::keep_encoding(std::string const & name) {
     return converter ? encodings_.add(name, std::move(converter)) : nullptr;
 }
 
-kept_encoding const * QzLocaleCtx::find_encoding(std::string const & name) {
-    if (kept_encoding const * const known = encodings_.find(name)) {
-        return known;
-    }
+kept_encoding const * QzLocaleCtx::meet_encoding(std::string const & name) {
     if (name.find(',') != std::string::npos) {
         return nullptr;
     }

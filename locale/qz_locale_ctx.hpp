@@ -81,7 +81,10 @@ public:
     /// Returns what is kept of the encoding that a converter is opened for by `open_encoding`; null for a
     /// name with options, which nobody else may ask for, and when none can be opened. Takes no lock for a
     /// name seen before.
-    kept_encoding const * find_encoding(std::string const & name);
+    kept_encoding const * find_encoding(std::string const & name) {
+        kept_encoding const * const known = encodings_.find(name);
+        return known ? known : meet_encoding(name);
+    }
 
     /// Returns what is kept of the global locale's encoding; null when that encoding cannot be opened.
     kept_encoding const * process_encoding() const {
@@ -121,6 +124,7 @@ private:
     void change_to(QzLocaleImpl::category_records records);
     QzLocaleImpl const & keep(QzLocaleImpl::category_records records);
     kept_encoding const * keep_encoding(std::string const & name);
+    kept_encoding const * meet_encoding(std::string const & name);
     bool refuse_when_locked(std::string_view source);
     void switch_l10n_off();
 

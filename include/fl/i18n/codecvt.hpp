@@ -17,6 +17,7 @@ namespace fl::i18n {
 namespace detail {
 
 struct conversion_record;
+struct encoding_access;
 
 /// The encoding of a named converter.
 struct named_encoding {
@@ -70,6 +71,8 @@ protected:
     ustring do_convert(char const * source, std::size_t source_length) override;
 
 private:
+    friend detail::encoding_access;
+
     mutable detail::named_encoding encoding_;
 };
 
@@ -114,6 +117,8 @@ protected:
     std::string do_convert(char16_t const * source, std::size_t source_length) override;
 
 private:
+    friend detail::encoding_access;
+
     mutable detail::named_encoding encoding_;
 };
 
