@@ -1,30 +1,24 @@
 // Case mapping of whole strings, against the conversion library called as its users call it.
 
-#include <benchmark/benchmark.h>
+#include "bench/answers.hpp"
+#include "bench/case_texts.hpp"
+
+#include <deque>
 #include <fl/i18n/ctype.hpp>
 #include <memory>
-#include <string>
 #include <unicode/ustring.h>
 
+namespace fl::bench {
 namespace {
 
-using fl::i18n::QzLocale;
-using fl::i18n::ustring;
+using i18n::QzLocale;
+using i18n::ustring;
 
 struct mapping_case {
     char const * name;
     char const * locale;
     ustring text;
 };
-
-ustring repeated(std::u16string_view text, std::size_t length) {
-    ustring result;
-    while (result.size() < length) {
-        result += text;
-    }
-    result.resize(length);
-    return result;
-}
 
 using icu_mapping = decltype(&u_strToUpper);
 
@@ -64,29 +58,20 @@ ustring guess_with_icu(icu_mapping mapping, ustring const & text, char const * l
 
 template <class Mode>
 void add(std::string const & subject, icu_mapping mapping, mapping_case const & row) {
+    // Of all cases; an answer stays where it is.
+    static std::deque<ustring> answers;
+    ustring const & answer = answers.emplace_back(map_with_icu(mapping, row.text, row.locale));
     std::string const name = subject + '/' + row.name + '/';
     std::shared_ptr<QzLocale const> const locale = QzLocale::createLocale(row.locale);
-    benchmark::RegisterBenchmark((name + "ours").c_str(), [=](benchmark::State & state) {
-        for (auto _ : state) {
-            benchmark::DoNotOptimize(fl::i18n::transform(row.text, Mode(*locale)));
-        }
-    });
-    benchmark::RegisterBenchmark((name + "ICU").c_str(), [=](benchmark::State & state) {
-        for (auto _ : state) {
-            benchmark::DoNotOptimize(map_with_icu(mapping, row.text, row.locale));
-        }
-    });
+    add_answer(name + "ours", answer, [=, &row] { return i18n::transform(row.text, Mode(*locale)); });
+    add_answer(name + "ICU", answer, [=, &row] { return map_with_icu(mapping, row.text, row.locale); });
     if (row.text.size() > 256) {
-        benchmark::RegisterBenchmark((name + "ICU, one pass").c_str(), [=](benchmark::State & state) {
-            for (auto _ : state) {
-                benchmark::DoNotOptimize(guess_with_icu(mapping, row.text, row.locale));
-            }
-        });
+        add_answer(name + "ICU, one pass", answer,
+                   [=, &row] { return guess_with_icu(mapping, row.text, row.locale); });
     }
 }
 
-bool const added = [] {
-    std::size_t const long_text = 1'000'000;
+bool const registered = [] {
     std::u16string_view const german = u"Stra\u00DFenbahn f\u00E4hrt \u00FCber die Gro\u00DFe Br\u00FCcke. ";
     std::u16string_view const russian =
         u"\u0421\u044A\u0435\u0448\u044C \u0435\u0449\u0451 \u044D\u0442\u0438\u0445. ";
@@ -95,8 +80,7 @@ bool const added = [] {
     std::u16string_view const japanese =
         u"\u65E5\u672C\u8A9E\u306E\u6587\u5B57\u5217\u3092\u5909\u63DB\u3059\u308B\u3002";
     std::u16string_view const mixed = u"Open \u65E5\u672C: 12 Files, \u00E9t\u00E9 \U0001F600 ";
-    std::u16string_view const english = u"The Quick Brown Fox, ";
-    mapping_case const rows[] = {
+    static mapping_case const rows[] = {
         {"5 ASCII", "en_US", u"Files"},
         {"20 ASCII", "en_US", repeated(english, 20)},
         {"20 ASCII in Turkish", "tr_TR", repeated(english, 20)},
@@ -117,10 +101,11 @@ bool const added = [] {
         {"1 MB mixed", "en_US", repeated(mixed, long_text)},
     };
     for (mapping_case const & row : rows) {
-        add<fl::i18n::to_upper_locale>("upper case", &u_strToUpper, row);
-        add<fl::i18n::to_lower_locale>("lower case", &u_strToLower, row);
+        add<i18n::to_upper_locale>("upper case", &u_strToUpper, row);
+        add<i18n::to_lower_locale>("lower case", &u_strToLower, row);
     }
     return true;
 }();
 
 } // namespace
+} // namespace fl::bench

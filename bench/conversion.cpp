@@ -1,21 +1,17 @@
+#include "bench/answers.hpp"
+#include "bench/conversion_cases.hpp"
+
 #include <algorithm>
-#include <benchmark/benchmark.h>
 #include <cstdint>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/locale.hpp>
 #include <fl/i18n/ustring.hpp>
 #include <memory>
-#include <random>
 #include <stdexcept>
-#include <string>
 #include <unicode/ucnv.h>
 #include <unicode/ustring.h>
-#if __has_include(<iconv.h>)
-#include <iconv.h>
-#define FL_I18N_HAS_ICONV 1
-#endif
 
-// Conversions beside ICU's functions and iconv's, each with the result as a string.
+// Conversions beside ICU's functions, each with the result as a string.
 
 namespace fl::bench {
 namespace {
@@ -102,183 +98,82 @@ std::string encode(UConverter * converter, ustring const & text) {
     });
 }
 
-#ifdef FL_I18N_HAS_ICONV
-/// An open iconv conversion between an encoding and UTF-16.
-class iconv_handle {
-public:
-    iconv_handle(char const * to, char const * from)
-        : handle_(iconv_open(to, from)) {}
-    ~iconv_handle() { iconv_close(handle_); }
-    iconv_handle(iconv_handle const &) = delete;
-    iconv_handle & operator=(iconv_handle const &) = delete;
-
-    /// Converts a short text.
-    template <class To, class From>
-    std::basic_string<To> convert(std::basic_string<From> const & text) {
-        To buffer[1024];
-        auto * from = const_cast<char *>(reinterpret_cast<char const *>(text.data()));
-        auto * to = reinterpret_cast<char *>(buffer);
-        std::size_t from_left = text.size() * sizeof(From);
-        std::size_t to_left = sizeof buffer;
-        if (iconv(handle_, &from, &from_left, &to, &to_left) == static_cast<std::size_t>(-1)) {
-            throw std::runtime_error("iconv");
-        }
-        return {buffer, std::size(buffer) - to_left / sizeof(To)};
+void add_utf8(utf8_case const & c) {
+    if (c.is_well_formed) {
+        add_answer(c.to_utf16() + "ours", c.utf16, [&c] { return utf8_to_ustring(c.utf8); });
+        add_answer(c.to_utf16() + "ICU", c.utf16,
+                   [&c] { return in_one_pass<char16_t>(c.utf8.size(), from_utf8(c.utf8)); });
     }
-
-private:
-    iconv_t handle_;
-};
-#endif
-
-template <class Function>
-void add(std::string const & name, Function function) {
-    benchmark::RegisterBenchmark(name.c_str(), [function](benchmark::State & state) {
-        for (auto _ : state) {
-            benchmark::DoNotOptimize(function());
-        }
-    });
-}
-
-/// Returns a text of pieces of another in an order without a pattern, as a processor learns the pattern of a
-/// text that is repeated.
-ustring shuffled(ustring const & text, std::size_t length) {
-    std::minstd_rand random(1);
-    ustring result;
-    while (result.size() < length) {
-        auto const from = random() % text.size();
-        for (char16_t const unit : text.substr(from, 1 + random() % 10)) {
-            // No half of a pair without the other, unless the text has it so.
-            bool const after_high = !result.empty() && U16_IS_LEAD(result.back());
-            if (U16_IS_TRAIL(unit) == after_high || text.find(u'\xD800') != text.npos) {
-                result += unit;
-            }
-        }
-        if (U16_IS_LEAD(result.back())) {
-            result.pop_back();
-        }
-    }
-    result.resize(length - (U16_IS_LEAD(result[length - 1]) ? 1 : 0));
-    return result;
-}
-
-struct script {
-    char const * name;
-    ustring text;
-};
-
-script const scripts[] = {
-    {"ascii", u"Cannot open the file: it is in use by another program. "},
-    {"latin", u"Les \xE9l\xE8ves fran\xE7"
-              u"ais \xE9taient l\xE0-bas, \xE0 c\xF4t\xE9 des autres. "},
-    {"cyrillic", u"\x41D\x435 \x443\x434\x430\x43B\x43E\x441\x44C \x43E\x442\x43A\x440\x44B\x442\x44C "
-                 u"\x444\x430\x439\x43B. "},
-    {"japanese", u"\x30ED\x30B1\x30FC\x30EB\x540D\x304C\x7121\x52B9\x3067\x3059\x3002"
-                 u"\x30D5\x30A1\x30A4\x30EB\x3092\x958B\x3051\x307E\x305B\x3093\x3002"},
-    {"mixed", u"\x65E5\x672C\x8A9E text \x306E"
-              u"ABC\x30C6\x30AD\x30B9\x30C8 12, caf\xE9 \xD83D\xDE00 "},
-    {"emoji", u"\xD83D\xDE00\xD83D\xDE01 ok \xD83D\xDE02"},
-    {"lone surrogates", u"ab\xD800 cd\xDC00\xE9 "},
-};
-
-void add_utf8() {
-    for (script const & s : scripts) {
-        for (auto const & [size, length] : {std::pair("20 units", 20), {"1 MB", 500000}}) {
-            auto const utf16 = std::make_shared<ustring>(shuffled(s.text, static_cast<std::size_t>(length)));
-            auto const utf8 = std::make_shared<std::string>(ustring_to_utf8(*utf16));
-            std::string const subject = std::string("/") + s.name + " " + size + "/";
-            add("utf8 to utf16" + subject + "ours", [=] { return utf8_to_ustring(*utf8); });
-            add("utf8 to utf16" + subject + "ICU",
-                [=] { return in_one_pass<char16_t>(utf8->size(), from_utf8(*utf8)); });
-            add("utf16 to utf8" + subject + "ours", [=] { return ustring_to_utf8(*utf16); });
-            add("utf16 to utf8" + subject + "ICU",
-                [=] { return in_one_pass<char>(3 * utf16->size(), to_utf8(*utf16)); });
-            if (length > 1024) {
-                add("utf8 to utf16" + subject + "ICU, two passes",
-                    [=] { return in_two_passes<char16_t>(utf8->size(), from_utf8(*utf8)); });
-                add("utf16 to utf8" + subject + "ICU, two passes",
-                    [=] { return in_two_passes<char>(utf16->size(), to_utf8(*utf16)); });
-            }
-        }
+    add_answer(c.to_utf8() + "ours", c.utf8, [&c] { return ustring_to_utf8(c.utf16); });
+    add_answer(c.to_utf8() + "ICU", c.utf8,
+               [&c] { return in_one_pass<char>(3 * c.utf16.size(), to_utf8(c.utf16)); });
+    if (c.is_well_formed && c.utf16.size() > 1024) {
+        add_answer(c.to_utf16() + "ICU, two passes", c.utf16,
+                   [&c] { return in_two_passes<char16_t>(c.utf8.size(), from_utf8(c.utf8)); });
+        add_answer(c.to_utf8() + "ICU, two passes", c.utf8,
+                   [&c] { return in_two_passes<char>(c.utf16.size(), to_utf8(c.utf16)); });
     }
 }
 
-/// The process encodings, by locales that have them, and texts in them.
-struct process_case {
-    char const * locale;
-    char const * encoding;
-    char const * name;
-    ustring text;
-};
-
-process_case const process_cases[] = {
-    {"en_US.UTF-8", "UTF-8", "ascii in UTF-8", u"Cannot open file 12."},
-    {"ja_JP.UTF-8", "UTF-8", "japanese in UTF-8",
-     u"\x30D5\x30A1\x30A4\x30EB 12 \x3092\x958B\x3051\x307E\x305B\x3093\x3067\x3057\x305F\x3002!"},
-    {"ja_JP.Shift_JIS", "Shift_JIS", "ascii in Shift_JIS", u"Cannot open file 12."},
-    {"ja_JP.Shift_JIS", "Shift_JIS", "japanese in Shift_JIS",
-     u"\x30D5\x30A1\x30A4\x30EB 12 \x3092\x958B\x3051\x307E\x305B\x3093\x3067\x3057\x305F\x3002!"},
-    {"de_DE.windows-1252", "windows-1252", "ascii in windows-1252", u"Cannot open file 12."},
-    {"de_DE.windows-1252", "windows-1252", "latin in windows-1252",
-     u"R\xFC"
-     u"ckg\xE4ngig gew\xE4hlt."},
-};
-
-/// Adds a case that runs under a locale.
-template <class Function>
-void add_under(char const * locale, std::string const & name, Function function) {
-    benchmark::RegisterBenchmark(name.c_str(), [locale, function](benchmark::State & state) {
+/// Adds our contestant of a case, which runs under the locale that has the encoding.
+template <class Text, class Function>
+void add_under(char const * locale, std::string const & name, Text const & expected, Function function) {
+    benchmark::RegisterBenchmark(name.c_str(), [=, &expected](benchmark::State & state) {
         change_global_locale(*QzLocale::createLocale(locale));
-        for (auto _ : state) {
-            benchmark::DoNotOptimize(function());
-        }
+        measure_answer(state, expected, function);
     });
 }
 
-void add_process_encoding() {
-    for (process_case const & c : process_cases) {
-        std::string const encoding = c.encoding;
-        ustring const text = c.text;
-        std::string const bytes = encode(open(encoding).get(), text);
-        auto const kept = std::make_shared<icu_handle>(open(encoding));
-        std::string const to = std::string("to_ustring/") + c.name + "/";
-        std::string const from = std::string("to_string/") + c.name + "/";
-        add_under(c.locale, to + "ours", [=] { return to_ustring(bytes); });
-        add(to + "ICU kept", [=] { return decode(kept->get(), bytes); });
-        add(to + "ICU opened each time", [=] { return decode(open(encoding).get(), bytes); });
-        add_under(c.locale, from + "ours", [=] { return to_string(text); });
-        add(from + "ICU kept", [=] { return encode(kept->get(), text); });
-        add(from + "ICU opened each time", [=] { return encode(open(encoding).get(), text); });
-#ifdef FL_I18N_HAS_ICONV
-        auto const iconv_to = std::make_shared<iconv_handle>("UTF-16LE", c.encoding);
-        auto const iconv_from = std::make_shared<iconv_handle>(c.encoding, "UTF-16LE");
-        add(to + "iconv kept", [=] { return iconv_to->convert<char16_t>(bytes); });
-        add(to + "iconv opened each time",
-            [=] { return iconv_handle("UTF-16LE", encoding.c_str()).convert<char16_t>(bytes); });
-        add(from + "iconv kept", [=] { return iconv_from->convert<char>(text); });
-        add(from + "iconv opened each time",
-            [=] { return iconv_handle(encoding.c_str(), "UTF-16LE").convert<char>(text); });
-#endif
-        // A converter of the name for one text.
-        std::string const named_to = std::string("named to UTF-16/") + c.name + "/";
-        std::string const named_from = std::string("named from UTF-16/") + c.name + "/";
-        add(named_to + "ours", [=] { return codecvt_string_to_ustring(encoding, false).convert(bytes); });
-        add(named_to + "ICU opened each time", [=] { return decode(open(encoding).get(), bytes); });
-        add(named_from + "ours", [=] { return codecvt_ustring_to_string(encoding, false).convert(text); });
-        add(named_from + "ICU opened each time", [=] { return encode(open(encoding).get(), text); });
-        std::string const function = std::string("named, by to_ustring/") + c.name + "/";
-        add(function + "ours", [=] { return to_ustring(bytes, codecvt_string_to_ustring(encoding, false)); });
-        add(function + "ICU opened each time", [=] { return decode(open(encoding).get(), bytes); });
-        std::string const terminal = std::string("terminal to UTF-16/") + c.name + "/";
-        add_under(c.locale, terminal + "ours",
-                  [=] { return to_ustring(bytes, *create_codecvt_terminal_to_ustring()); });
-        add(terminal + "ICU opened each time", [=] { return decode(open(encoding).get(), bytes); });
-    }
+void add_icu_to_utf16(encoding_case const & c, std::string const & contest) {
+    add_answer(contest + "ICU opened each time", c.utf16,
+               [&c] { return decode(open(c.encoding).get(), c.bytes); });
+}
+
+void add_icu_from_utf16(encoding_case const & c, std::string const & contest) {
+    add_answer(contest + "ICU opened each time", c.bytes,
+               [&c] { return encode(open(c.encoding).get(), c.utf16); });
+}
+
+void add_process_encoding(encoding_case const & c) {
+    auto const to = c.contest("to_ustring");
+    auto const from = c.contest("to_string");
+    std::shared_ptr<UConverter> const kept = open(c.encoding);
+    add_under(c.locale, to + "ours", c.utf16, [&c] { return to_ustring(c.bytes); });
+    add_answer(to + "ICU kept", c.utf16, [&c, kept] { return decode(kept.get(), c.bytes); });
+    add_icu_to_utf16(c, to);
+    add_under(c.locale, from + "ours", c.bytes, [&c] { return to_string(c.utf16); });
+    add_answer(from + "ICU kept", c.bytes, [&c, kept] { return encode(kept.get(), c.utf16); });
+    add_icu_from_utf16(c, from);
+}
+
+/// Converters of a name, or the terminal's, each made for one text.
+void add_converters(encoding_case const & c) {
+    auto const to = c.contest("named to UTF-16");
+    auto const from = c.contest("named from UTF-16");
+    auto const by_function = c.contest("named, by to_ustring");
+    auto const terminal = c.contest("terminal to UTF-16");
+    add_answer(to + "ours", c.utf16,
+               [&c] { return codecvt_string_to_ustring(c.encoding, false).convert(c.bytes); });
+    add_icu_to_utf16(c, to);
+    add_answer(from + "ours", c.bytes,
+               [&c] { return codecvt_ustring_to_string(c.encoding, false).convert(c.utf16); });
+    add_icu_from_utf16(c, from);
+    add_answer(by_function + "ours", c.utf16,
+               [&c] { return to_ustring(c.bytes, codecvt_string_to_ustring(c.encoding, false)); });
+    add_icu_to_utf16(c, by_function);
+    add_under(c.locale, terminal + "ours", c.utf16,
+              [&c] { return to_ustring(c.bytes, *create_codecvt_terminal_to_ustring()); });
+    add_icu_to_utf16(c, terminal);
 }
 
 bool const registered = [] {
-    add_utf8();
-    add_process_encoding();
+    for (utf8_case const & c : utf8_cases()) {
+        add_utf8(c);
+    }
+    for (encoding_case const & c : encoding_cases()) {
+        add_process_encoding(c);
+        add_converters(c);
+    }
     return true;
 }();
 

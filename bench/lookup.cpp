@@ -5,6 +5,7 @@
 #include <boost/throw_exception.hpp>
 #include <boost/unordered/unordered_flat_map.hpp>
 #include <fl/i18n/message_catalog.hpp>
+#include <mutex>
 #include <unordered_map>
 
 // Texts by identifier: hot, from two threads, among many catalogs, and where there are none.
@@ -31,25 +32,48 @@ void ours_in_one_of_many(benchmark::State & state) {
     ours(state);
 }
 
+/// By the identifier in one text, which has to be taken apart first.
+void ours_by_one_text(benchmark::State & state) {
+    std::vector<resource_core::BaseMsgID> ids;
+    for (MessageID const & id : in_one_catalog()) {
+        ids.emplace_back(id.getCatalogID() + ':' + id.getMsgKey());
+    }
+    measure_lookups(state, [&ids](std::uint32_t i) { return MessageCatalog::get_message(ids[i]); });
+}
+
+template <typename Map>
+Map const & texts_in() {
+    static Map const result = [] {
+        Map map;
+        for (std::uint32_t i = 0; i < message_count; ++i) {
+            std::string const text = text_of(i);
+            map.emplace(key_of(i), std::u16string(text.begin(), text.end()));
+        }
+        return map;
+    }();
+    return result;
+}
+
 /// What no lookup can do without: to find the key, and to copy the text.
 template <typename Map>
 void find_and_copy(benchmark::State & state) {
-    static Map const map = [] {
-        Map result;
-        for (std::uint32_t i = 0; i < message_count; ++i) {
-            std::string const text = text_of(i);
-            result.emplace(key_of(i), std::u16string(text.begin(), text.end()));
-        }
-        return result;
-    }();
-    auto const & keys = messages().keys;
-    measure_lookups(state, [&keys](std::uint32_t i) { return map.find(keys[i])->second; });
+    measure_lookups(state, [&map = texts_in<Map>(), &keys = messages().keys](std::uint32_t i) {
+        return map.find(keys[i])->second;
+    });
 }
-void standard_map(benchmark::State & state) {
-    find_and_copy<std::unordered_map<std::string, std::u16string>>(state);
-}
-void flat_map(benchmark::State & state) {
-    find_and_copy<boost::unordered_flat_map<std::string, std::u16string>>(state);
+using standard_map = std::unordered_map<std::string, std::u16string>;
+using flat_map = boost::unordered_flat_map<std::string, std::u16string>;
+
+/// The same, and counted before under a mutex, as each look-up of ours has to be.
+void count_find_and_copy(benchmark::State & state) {
+    static std::mutex mutex;
+    static std::uint64_t hits = 0;
+    measure_lookups(state, [&map = texts_in<flat_map>(), &keys = messages().keys](std::uint32_t i) {
+        mutex.lock();
+        benchmark::DoNotOptimize(++hits);
+        mutex.unlock();
+        return map.find(keys[i])->second;
+    });
 }
 
 /// Measures a call that ends in an exception of a kind.
@@ -105,12 +129,23 @@ void no_language_without_exception(benchmark::State & state) {
 }
 
 BENCHMARK(ours)->Name("lookup/hot/ours");
-BENCHMARK(standard_map)->Name("lookup/hot/std::unordered_map");
-BENCHMARK(flat_map)->Name("lookup/hot/boost::unordered_flat_map");
+BENCHMARK(find_and_copy<standard_map>)->Name("lookup/hot/std::unordered_map");
+BENCHMARK(find_and_copy<flat_map>)->Name("lookup/hot/boost::unordered_flat_map");
+BENCHMARK(count_find_and_copy)->Name("lookup/hot/boost::unordered_flat_map under a mutex");
+
+BENCHMARK(ours_by_one_text)->Name("lookup/by one text/ours");
+BENCHMARK(ours)->Name("lookup/by one text/by an identifier of two");
 
 BENCHMARK(ours)->Name("lookup/two threads/ours")->Threads(2)->UseRealTime();
 BENCHMARK(ours)->Name("lookup/two threads/one thread of ours")->UseRealTime();
-BENCHMARK(flat_map)->Name("lookup/two threads/boost::unordered_flat_map")->Threads(2)->UseRealTime();
+BENCHMARK(find_and_copy<flat_map>)
+    ->Name("lookup/two threads/boost::unordered_flat_map")
+    ->Threads(2)
+    ->UseRealTime();
+BENCHMARK(count_find_and_copy)
+    ->Name("lookup/two threads/boost::unordered_flat_map under a mutex")
+    ->Threads(2)
+    ->UseRealTime();
 
 BENCHMARK(no_key)->Name("miss/no such key, exception/ours");
 BENCHMARK(hit_and_exception_for_key)

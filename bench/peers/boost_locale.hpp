@@ -31,6 +31,9 @@ FL_I18N_BENCH_PEER std::string from_utf8(std::string const & text, std::string c
 FL_I18N_BENCH_PEER std::u16string utf8_to_utf16(std::string const & text);
 FL_I18N_BENCH_PEER std::string utf16_to_utf8(std::u16string const & text);
 
+/// Maps a text to upper case as in English.
+FL_I18N_BENCH_PEER std::wstring to_upper(std::wstring const & text);
+
 #undef FL_I18N_BENCH_PEER
 
 } // namespace fl::bench::boost_locale

@@ -41,4 +41,9 @@ std::string utf16_to_utf8(std::u16string const & text) {
     return boost::locale::conv::utf_to_utf<char>(text);
 }
 
+std::wstring to_upper(std::wstring const & text) {
+    static std::locale const english = boost::locale::generator()("en_US.UTF-8");
+    return boost::locale::to_upper(text, english);
+}
+
 } // namespace fl::bench::boost_locale
