@@ -172,7 +172,10 @@ bool const registered = [] {
     }
     for (encoding_case const & c : encoding_cases()) {
         add_process_encoding(c);
-        add_converters(c);
+        // ICU opens a converter of UTF-8 in no time.
+        if (!c.is_utf8()) {
+            add_converters(c);
+        }
     }
     return true;
 }();

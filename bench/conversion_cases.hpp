@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace fl::bench {
@@ -25,6 +26,7 @@ struct encoding_case {
     std::string bytes;
     std::u16string utf16;
 
+    bool is_utf8() const { return std::string_view(encoding) == "UTF-8"; }
     /// Returns the name of a contest in a subject, with a slash behind it.
     std::string contest(char const * subject) const { return std::string(subject) + '/' + name + '/'; }
 };

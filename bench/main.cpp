@@ -16,7 +16,7 @@ namespace {
 using namespace fl::bench;
 
 struct settings {
-    run_options run{"", 17, 0.02};
+    run_options run{"", 17, 0.01};
     std::string goals = FL_I18N_BENCH_GOALS;
     std::string raw_file;
     std::string read_file;
@@ -27,7 +27,7 @@ void add_options(CLI::App & app, settings & chosen) {
     app.add_option("--filter", chosen.run.filter, "Regular expression, found in \"subject/case\"");
     app.add_option("--repetitions", chosen.run.repetitions, "How often each contestant is measured (17)")
         ->check(CLI::PositiveNumber);
-    app.add_option("--min-time", chosen.run.least_time, "Least seconds of one measurement (0.02)")
+    app.add_option("--min-time", chosen.run.least_time, "Least seconds of one measurement (0.01)")
         ->check(CLI::PositiveNumber);
     app.add_option("--goals", chosen.goals, "File of goals instead of bench/goals.txt");
     app.add_option("--raw", chosen.raw_file, "Writes all figures to a file, instead of the table");

@@ -19,6 +19,8 @@ void missing(benchmark::State & state) {
         keys.push_back(key_of(message_count + i));
     }
     std::size_t place = 0;
+    // Loads the catalog.
+    texts_of(catalog);
     for (auto _ : state) {
         auto const text = texts_of(catalog).find(keys[place]);
         if (text) {
