@@ -2,6 +2,7 @@
 
 #include <iosfwd>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace fl::bench {
@@ -14,6 +15,8 @@ struct measurement {
     /// "ns" for the time of one operation, "B" for bytes.
     std::string unit;
     std::vector<double> values;
+
+    std::string_view subject() const { return std::string_view(contest).substr(0, contest.find('/')); }
 };
 
 /// Splits "subject/case/contestant" and returns whether there are three parts; a contestant's name may hold

@@ -93,7 +93,7 @@ private:
                   std::string const & theirs, std::string const & ratio, std::string const & quartiles,
                   std::string const & least, std::string const & verdict) {
         std::string line =
-            formatted("%-40s %9s  %-40s %9s %8s %18s %7s  %s", contest.c_str(), ours.c_str(), against.c_str(),
+            formatted("%-42s %9s  %-40s %9s %8s %18s %7s  %s", contest.c_str(), ours.c_str(), against.c_str(),
                       theirs.c_str(), ratio.c_str(), quartiles.c_str(), least.c_str(), verdict.c_str());
         line.erase(line.find_last_not_of(' ') + 1);
         text_ += line + '\n';
@@ -107,7 +107,9 @@ private:
 
 } // namespace
 
-std::string table_of(std::vector<measurement> const & measurements, std::vector<goal> const & goals) {
+std::string table_of(std::vector<measurement> measurements, std::vector<goal> const & goals) {
+    std::stable_sort(measurements.begin(), measurements.end(),
+                     [](auto const & left, auto const & right) { return left.subject() < right.subject(); });
     table result(goals);
     for (measurement const & ours : measurements) {
         if (ours.contestant != our_name) {
