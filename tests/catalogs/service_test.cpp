@@ -256,6 +256,22 @@ TEST_F(CatalogService, LoadsACatalogOnceForAllThreads) {
     EXPECT_EQ(std::count(seen.begin(), seen.end(), seen[0]), 8);
 }
 
+TEST(CatalogKey, EqualsOnlyTheSameParts) {
+    for (std::size_t size = 0; size <= 40; ++size) {
+        SCOPED_TRACE(size);
+        std::string const id(size, 'a');
+        catalog_key const key{id, "ja"};
+        EXPECT_TRUE(key == stored_catalog_key(key).parts());
+        EXPECT_FALSE(key == (catalog_key{id, "jv"}));
+        EXPECT_FALSE(key == (catalog_key{id + 'j', "a"}));
+        for (std::size_t i = 0; i < size; ++i) {
+            std::string changed = id;
+            changed[i] = 'b';
+            EXPECT_FALSE(key == (catalog_key{changed, "ja"})) << i;
+        }
+    }
+}
+
 TEST(CatalogSearch, KnowsWhereACatalogLies) {
     EXPECT_EQ(catalog_file_pattern("fl:i18n"), u"fl\\%S\\i18n.xml");
     EXPECT_EQ(catalog_file_pattern("a:b:c"), u"a\\%S\\b\\c.xml");
