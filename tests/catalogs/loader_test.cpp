@@ -11,6 +11,8 @@
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace fl::i18n {
 namespace {
@@ -191,6 +193,7 @@ TEST(CatalogStore, KeepsTheFirstTextOfEachKey) {
         }
         std::string const number = std::to_string(i);
         EXPECT_TRUE(store.add(key, i % 5 == 0 ? "\\t" + number : number + "\xE3\x81\x82"));
+        EXPECT_EQ(store.texts().find(key + '\0'), std::nullopt);
         expected.emplace(key, i % 5 == 0 ? u'\t' + ascii::widen(number) : ascii::widen(number) + u'\u3042');
     }
     ASSERT_GT(expected.size(), 300u);
@@ -202,6 +205,20 @@ TEST(CatalogStore, KeepsTheFirstTextOfEachKey) {
         EXPECT_EQ(store.texts().find(key + '\0'), std::nullopt) << key;
     }
     EXPECT_EQ(XMLCatalogDataStore().texts().find(""), std::nullopt);
+}
+
+TEST(MessagePool, GivesEachItsOwnMemory) {
+    message_pool pool;
+    std::mt19937 random(5489);
+    std::vector<std::pair<std::shared_ptr<void>, std::string>> given;
+    for (char c = 'a'; given.size() < 500; c = c == 'z' ? 'a' : static_cast<char>(c + 1)) {
+        std::string const content(random() % 2500, c);
+        given.emplace_back(pool.allocate(content.size()), content);
+        content.copy(static_cast<char *>(given.back().first.get()), content.size());
+    }
+    for (auto const & [memory, content] : given) {
+        EXPECT_EQ(std::string_view(static_cast<char const *>(memory.get()), content.size()), content);
+    }
 }
 
 TEST(MessageText, IsJoinedFromItsLines) {

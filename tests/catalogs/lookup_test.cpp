@@ -20,7 +20,7 @@ protected:
     MessageLookup() {
         write(u"zz", u"msgs",
               "<entry key='Plain'>zz isn''t</entry><entry key='Holes'>{0}, {1,number}</entry>"
-              "<entry key='Bad'>{0</entry>");
+              "<entry key='Bad'>{0</entry><entry key='BadType'>{0,nonsense}</entry>");
         write(u"en_US_POSIX", u"msgs", "<entry key='Plain'>classic</entry>");
         ustring global_name;
         for (char const c : QzLocale::global().getLcName(global_messages)) {
@@ -130,6 +130,8 @@ TEST_F(MessageLookup, IsExplainedWhenItFails) {
                  "Incorrect number of parameters supplied. Expected : 2 but found : 0"},
              row{"lookuptest:msgs:Bad", LookupStep::fill_holes, true, true, true,
                  "Incorrect Message Formatting Attempted"},
+             row{"lookuptest:msgs:BadType", LookupStep::fill_holes, true, true, true,
+                 "Incorrect Message Formatting Attempted"},
          }) {
         SCOPED_TRACE(r.id);
         auto const report = explain(r.id);
@@ -139,6 +141,7 @@ TEST_F(MessageLookup, IsExplainedWhenItFails) {
         EXPECT_EQ(report.key_found, r.key_found);
         EXPECT_TRUE(report.error.starts_with(r.error)) << report.error;
         EXPECT_EQ(report.text, u"");
+        EXPECT_EQ(report.holes.size(), report.error.starts_with("Incorrect number") ? 2u : 0u);
     }
 }
 

@@ -140,12 +140,12 @@ TEST_F(CatalogService, AnswersFromOneCatalogOnly) {
     EXPECT_EQ(catalog->keys(), std::vector<std::string>{"k"});
     EXPECT_EQ(catalog->text("k"), u"isn''t");
     EXPECT_EQ(catalog->message(MessageID("a:b:k")), u"isn't");
-    for (std::string const id : {"a:b:K", "a:c:k"}) {
+    for (auto const & id : {MessageID("a:b:K"), MessageID("a:c:k"), MessageID(CatalogID(), "k")}) {
         try {
-            catalog->message(MessageID(id));
+            catalog->message(id);
             ADD_FAILURE() << "nothing was thrown";
         } catch (MessageCatalog::MessageNotFound const & error) {
-            EXPECT_EQ(error.what(), "Message Key " + id.substr(4) + " was not found in the catalog a:b");
+            EXPECT_EQ(error.what(), "Message Key " + id.getMsgKey() + " was not found in the catalog a:b");
         }
     }
 }
