@@ -44,14 +44,15 @@ std::basic_string<To> convert_exactly(converter<To, From> const & with, From con
 
 /// Appends what one piece of a text became; `rest` units of the text are still to come.
 ///
-/// The first piece tells how much room all will need, as texts are alike from end to end; the string grows
-/// where that is wrong.
+/// The first piece tells how much room all will need, as most texts are alike from end to end; the string
+/// grows where that is wrong. What a long text needs is not taken on trust.
 template <class To>
 void append_piece(std::basic_string<To> & result, To const * piece, std::size_t length, std::size_t consumed,
                   std::size_t rest) {
     if (result.empty() && rest != 0) {
+        constexpr std::size_t most_reserved = std::size_t(1) << 22;
         std::size_t const estimate = length + length * rest / consumed;
-        result.reserve(estimate + estimate / 16);
+        result.reserve(std::min(estimate + estimate / 16, most_reserved));
     }
     result.append(piece, length);
 }

@@ -119,6 +119,13 @@ TEST(Utf8, ConvertsTextsAroundTheBufferSizes) {
     }
 }
 
+TEST(Utf8, TakesNoRoomForWhatALongTextOnlyBeginsWith) {
+    std::size_t const length = 5'000'000;
+    auto const bytes = ustring_to_utf8(ustring(2000, u'\x65E5').append(length, u'a'));
+    EXPECT_EQ(bytes.size(), 6000 + length);
+    EXPECT_LE(bytes.capacity(), 2 * bytes.size());
+}
+
 TEST(Wide, CopiesUnitForUnit) {
     ustring const text(u"a\0\xD800\xDE00\xFFFF", 5);
     std::wstring const wide(text.begin(), text.end());
