@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdlib>
 #include <fl/i18n/ctype.hpp>
 #include <gtest/gtest.h>
@@ -43,7 +44,8 @@ void expect_mapping(ustring const & text, ustring const & expected, Mode const &
     constexpr char16_t canary = u'\xFFFE';
     ustring const source = ustring(offset % 9, u'x') + text;
     ustring target(offset % 7 + expected.size() + 8, canary);
-    for (std::size_t const room : {expected.size(), expected.size() + 1, offset % (expected.size() + 1)}) {
+    for (std::size_t const room : {expected.size(), expected.size() + 1, offset % (expected.size() + 1),
+                                   std::min(text.size(), expected.size())}) {
         std::size_t const begin = offset % 7;
         target.assign(target.size(), canary);
         ASSERT_EQ(

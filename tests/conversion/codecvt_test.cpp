@@ -136,6 +136,8 @@ TEST(NamedConverters, MoveTheirConverter) {
     EXPECT_EQ(from_2.get_call_back_mode(), call_back_stop);
     char16_t buffer[1];
     EXPECT_THROW(to.convert("a"), CvtConversionFailure);
+    EXPECT_THROW(to.get_call_back_mode(), CvtConversionFailure);
+    EXPECT_THROW(from.get_call_back_mode(), CvtConversionFailure);
     EXPECT_THROW(to.convert(buffer, 1, "a", 1), CvtConversionFailure);
     EXPECT_THROW(from.get_destination_size(u"a"), CvtConversionFailure);
     EXPECT_THROW(from.change_call_back(call_back_stop, {}), CvtConversionFailure);

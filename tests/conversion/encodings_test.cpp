@@ -2,6 +2,7 @@
 #include "locale/encoding_registry.hpp"
 #include "locale/encodings.hpp"
 
+#include <cstring>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/ustring.hpp>
 #include <gtest/gtest.h>
@@ -133,6 +134,24 @@ TEST(Encodings, ConvertAsTheConversionLibraryDoes) {
             auto const text = source.text();
             ASSERT_EQ((converted<char, codecvt_ustring_to_string>(name, lenient, text)),
                       encoded_by_icu(name, lenient, text));
+        }
+    }
+}
+
+TEST(Encodings, ConvertLongTextsPieceByPiece) {
+    for (char const * const name : {"Shift_JIS", "GB18030", "UTF-8"}) {
+        for (char const * const end : {"", "\x93", "\xFF\x93z"}) {
+            SCOPED_TRACE(testing::Message() << name << " " << std::strlen(end));
+            ustring text = u"a";
+            for (char16_t c = 0; c < 2500; ++c) {
+                text += static_cast<char16_t>(0x3042 + c % 60);
+            }
+            auto const bytes = encoded_by_icu(name, true, text).text + end;
+            ASSERT_EQ((converted<char16_t, codecvt_string_to_ustring>(name, true, bytes)),
+                      decoded_by_icu(name, true, bytes));
+            text += end[0] ? u"\xD83D\xDE00\xD800" : u"";
+            ASSERT_EQ((converted<char, codecvt_ustring_to_string>(name, true, text)),
+                      encoded_by_icu(name, true, text));
         }
     }
 }

@@ -119,6 +119,23 @@ TEST(Utf8, ConvertsTextsAroundTheBufferSizes) {
     }
 }
 
+TEST(Utf8, ConvertsCharactersAtTheEndsOfPieces) {
+    for (std::size_t before = 1015; before <= 1024; ++before) {
+        for (std::string const end : {"\xF0\x9F\x98\x80\x80", "\xE6\x97\xA5\xA5", "\xC3\xA9\xA9\xF0\x9F\x98z",
+                                      "\x80\x80\x80\x80\x80\x80\x80\x80", "\xF0\x9F\x98\xF0\x9F\x98\x80"}) {
+            EXPECT_TRUE(utf8_to_ustring(std::string(before, 'a') + end + "bc") ==
+                        ustring(before, u'a') + utf8_to_ustring(end + "bc"))
+                << before << " " << end;
+        }
+        for (ustring const end :
+             {u"\xD83D\xDE00z", u"\xD83D\xD83D\xDE00", u"\xDE00\xDE00\xD83D\xDE00\xDE00"}) {
+            EXPECT_TRUE(ustring_to_utf8(ustring(before, u'a') + end) ==
+                        std::string(before, 'a') + ustring_to_utf8(end))
+                << before << " " << ustring_to_utf8(end);
+        }
+    }
+}
+
 TEST(Utf8, TakesNoRoomForWhatALongTextOnlyBeginsWith) {
     std::size_t const length = 5'000'000;
     auto const bytes = ustring_to_utf8(ustring(2000, u'\x65E5').append(length, u'a'));
