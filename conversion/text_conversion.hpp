@@ -91,11 +91,12 @@ convert_text(kept_encoding const * shared, Open open,
     if (!shared) {
         return convert_further<Direction>(shared, open, buffer, {}, source);
     }
-    auto const progress = Direction::by_tables(*shared, buffer.data(), source.substr(0, table_piece));
-    if (progress.consumed == source.size()) {
-        return {buffer.data(), progress.produced};
+    auto const [consumed, produced] =
+        Direction::by_tables(*shared, buffer.data(), source.substr(0, table_piece));
+    if (consumed == source.size()) {
+        return {buffer.data(), produced};
     }
-    return convert_further<Direction>(shared, open, buffer, progress, source);
+    return convert_further<Direction>(shared, open, buffer, {consumed, produced}, source);
 }
 
 } // namespace fl::i18n

@@ -48,16 +48,11 @@ void require_countable(std::size_t length) {
     }
 }
 
-} // namespace
-
-std::string utf16_to_utf8(std::u16string_view text, std::size_t converter_threshold) {
+[[gnu::noinline]] std::string long_utf16_to_utf8(std::u16string_view text, std::size_t converter_threshold) {
     if (text.size() >= converter_threshold) {
         return codecvt_ustring_to_string(call_back_default, "UTF-8", {}).convert(text.data(), text.size());
     }
     char buffer[3 * piece_length];
-    if (text.size() <= piece_length) {
-        return {buffer, encode_utf8(buffer, text)};
-    }
     std::string result;
     while (!text.empty()) {
         auto const piece = take_piece(text, 1);
@@ -67,20 +62,35 @@ std::string utf16_to_utf8(std::u16string_view text, std::size_t converter_thresh
     return result;
 }
 
-ustring utf8_to_utf16(std::string_view text, std::size_t converter_threshold) {
+[[gnu::noinline]] ustring long_utf8_to_utf16(std::string_view text, std::size_t converter_threshold) {
     if (text.size() >= converter_threshold) {
         return codecvt_string_to_ustring(call_back_default, "UTF-8").convert(text.data(), text.size());
     }
     char16_t buffer[piece_length];
-    if (text.size() <= piece_length) {
-        return {buffer, decode_utf8(buffer, text)};
-    }
     ustring result;
     while (!text.empty()) {
         auto const piece = take_piece(text, 3);
         append_piece(result, buffer, decode_utf8(buffer, piece), piece.size(), text.size());
     }
     return result;
+}
+
+} // namespace
+
+std::string utf16_to_utf8(std::u16string_view text, std::size_t converter_threshold) {
+    if (text.size() >= std::min(piece_length + 1, converter_threshold)) {
+        return long_utf16_to_utf8(text, converter_threshold);
+    }
+    char buffer[3 * piece_length];
+    return {buffer, encode_utf8(buffer, text)};
+}
+
+ustring utf8_to_utf16(std::string_view text, std::size_t converter_threshold) {
+    if (text.size() >= std::min(piece_length + 1, converter_threshold)) {
+        return long_utf8_to_utf16(text, converter_threshold);
+    }
+    char16_t buffer[piece_length];
+    return {buffer, decode_utf8(buffer, text)};
 }
 
 std::string ustring_to_utf8(ustring const & text) {

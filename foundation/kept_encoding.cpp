@@ -1,8 +1,6 @@
 #include "foundation/kept_encoding.hpp"
 
 #include "foundation/ascii_run.hpp"
-#include "foundation/utf8_decode.hpp"
-#include "foundation/utf8_encode.hpp"
 
 namespace fl {
 
@@ -68,10 +66,7 @@ encoding_page const * kept_encoding::unit_page(unsigned high) const {
                 [&] { return make_unit_page(converter_.get(), static_cast<unsigned char>(high)); });
 }
 
-conversion_progress kept_encoding::decode(char16_t * destination, std::string_view source) const {
-    if (form_ != form::by_tables) {
-        return form_ == form::utf8 ? decode_well_formed_utf8(destination, source) : conversion_progress();
-    }
+conversion_progress kept_encoding::decode_by_tables(char16_t * destination, std::string_view source) const {
     auto const * const singles = page(single_bytes_, [&] { return make_single_byte_page(converter_.get()); });
     if (!singles) {
         return {};
@@ -113,10 +108,7 @@ conversion_progress kept_encoding::decode_further(char16_t * destination, std::s
     return {static_cast<std::size_t>(from - source.data()), static_cast<std::size_t>(to - destination)};
 }
 
-conversion_progress kept_encoding::encode(char * destination, std::u16string_view source) const {
-    if (form_ != form::by_tables) {
-        return form_ == form::utf8 ? encode_well_formed_utf8(destination, source) : conversion_progress();
-    }
+conversion_progress kept_encoding::encode_by_tables(char * destination, std::u16string_view source) const {
     auto const * const first = unit_page(0);
     std::size_t const run = first && first->keeps_printable_ascii
                                 ? narrow_printable_run(destination, source.data(), source.size())

@@ -3,6 +3,8 @@
 #include "foundation/conversion_progress.hpp"
 #include "foundation/encoding_page.hpp"
 #include "foundation/icu_converter.hpp"
+#include "foundation/utf8_decode.hpp"
+#include "foundation/utf8_encode.hpp"
 
 #include <array>
 #include <atomic>
@@ -38,10 +40,20 @@ public:
     /// at the beginning of a text.
     ///
     /// The destination has room for `source.size()` units; those beyond the ones produced may be overwritten.
-    conversion_progress decode(char16_t * destination, std::string_view source) const;
+    conversion_progress decode(char16_t * destination, std::string_view source) const {
+        if (form_ == form::by_tables) {
+            return decode_by_tables(destination, source);
+        }
+        return form_ == form::utf8 ? decode_well_formed_utf8(destination, source) : conversion_progress();
+    }
 
     /// Encodes a text, as `decode` does; the destination has room for 3 bytes for each unit.
-    conversion_progress encode(char * destination, std::u16string_view source) const;
+    conversion_progress encode(char * destination, std::u16string_view source) const {
+        if (form_ == form::by_tables) {
+            return encode_by_tables(destination, source);
+        }
+        return form_ == form::utf8 ? encode_well_formed_utf8(destination, source) : conversion_progress();
+    }
 
 private:
     enum class form { by_tables, utf8, by_converter, by_opened_converter };
@@ -54,6 +66,9 @@ private:
     template <class Make>
     static encoding_page const * new_page(slot & in, Make make);
     encoding_page const * unit_page(unsigned high) const;
+
+    conversion_progress decode_by_tables(char16_t * destination, std::string_view source) const;
+    conversion_progress encode_by_tables(char * destination, std::u16string_view source) const;
 
     /// Convert what follows a run of ASCII, which is in its place in the destination.
     conversion_progress decode_further(char16_t * destination, std::string_view source, std::size_t run,
