@@ -21,8 +21,9 @@ struct encoding_access;
 
 /// The encoding of a named converter.
 struct named_encoding {
+    /// Deletes nothing: what it is given belongs to another.
     struct nobodys {
-        void operator()(kept_encoding const *) const noexcept {}
+        void operator()(kept_encoding const *) const noexcept {} ///< Leaves it to its owner.
     };
     /// What all converters of the encoding share, of the process; null where only the record serves.
     std::unique_ptr<kept_encoding const, nobodys> shared;
