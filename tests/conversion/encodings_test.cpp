@@ -229,6 +229,9 @@ TEST(EncodingRegistry, TellsOptionsApart) {
               registry.add("LMBCS-1", open("LMBCS-1")));
     EXPECT_EQ(registry.find("cp037"), plain);
     EXPECT_EQ(registry.find("cp37"), nullptr);
+    // Long names of the same beginning, end and length.
+    registry.add("Extended_UNIX_Code_for_Japanese", open("EUC-JP"));
+    EXPECT_EQ(registry.find("Extended_UNIX_CODE_for_Japanese"), nullptr);
 }
 
 } // namespace
