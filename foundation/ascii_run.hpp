@@ -84,7 +84,8 @@ struct narrow {
     template <std::size_t count>
     unsigned block(std::size_t at) const {
         __m128i const zero = _mm_setzero_si128();
-        __m128i const low = load < count == 16 ? 16 : 2 * count > (from + at);
+        constexpr std::size_t low_bytes = count == 16 ? 16 : 2 * count;
+        __m128i const low = load<low_bytes>(from + at);
         __m128i const high = count == 16 ? load<16>(from + at + 8) : zero;
         if constexpr (writes) {
             store<count>(to + at, _mm_packus_epi16(low, high));
