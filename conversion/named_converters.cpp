@@ -28,6 +28,16 @@ conversion_record & to_unicode_record(named_encoding & encoding) {
     return *encoding.record;
 }
 
+/// Sets the mode of a new converter, by `apply` on its record if there is one or the mode needs one.
+template <class Apply>
+void start_with(named_encoding & encoding, codecvt_call_back_mode mode, Apply apply) {
+    if (is_common(mode) && !encoding.record) {
+        encoding.first_mode = mode;
+    } else {
+        apply(open_record(encoding), mode);
+    }
+}
+
 /// Returns what opens the converter for the rest of a text that tables begin.
 auto to_unicode_converter(named_encoding & encoding) {
     return [&encoding](icu_converter &) { return to_unicode_record(encoding).converter.get(); };
@@ -58,16 +68,14 @@ auto from_unicode_converter(named_encoding & encoding) {
 } // namespace
 
 codecvt_string_to_ustring::codecvt_string_to_ustring(std::string const & encoding, bool lenient)
-    : codecvt_string_to_ustring(lenient ? call_back_default : call_back_stop, encoding) {}
+    : encoding_(find_named_encoding(encoding)) {
+    start_with(encoding_, lenient ? call_back_default : call_back_stop, apply_to_unicode_mode);
+}
 
 codecvt_string_to_ustring::codecvt_string_to_ustring(codecvt_call_back_mode mode,
                                                      std::string const & encoding)
     : encoding_(find_named_encoding(encoding)) {
-    if (is_common(mode) && !encoding_.record) {
-        encoding_.first_mode = mode;
-    } else {
-        apply_to_unicode_mode(open_record(encoding_), mode);
-    }
+    start_with(encoding_, mode, apply_to_unicode_mode);
 }
 
 codecvt_string_to_ustring::codecvt_string_to_ustring(codecvt_string_to_ustring &&) noexcept = default;
@@ -105,17 +113,17 @@ ustring codecvt_string_to_ustring::do_convert(char const * source, std::size_t s
 }
 
 codecvt_ustring_to_string::codecvt_ustring_to_string(std::string const & encoding, bool lenient)
-    : codecvt_ustring_to_string(lenient ? call_back_default : call_back_stop, encoding, {}) {}
+    : encoding_(find_named_encoding(encoding)) {
+    start_with(encoding_, lenient ? call_back_default : call_back_stop,
+               [](auto & record, auto mode) { apply_from_unicode_mode(record, mode, {}); });
+}
 
 codecvt_ustring_to_string::codecvt_ustring_to_string(codecvt_call_back_mode mode,
                                                      std::string const & encoding,
                                                      std::string const & substitution)
     : encoding_(find_named_encoding(encoding)) {
-    if (is_common(mode) && !encoding_.record) {
-        encoding_.first_mode = mode;
-    } else {
-        apply_from_unicode_mode(open_record(encoding_), mode, substitution);
-    }
+    start_with(encoding_, mode,
+               [&](auto & record, auto) { apply_from_unicode_mode(record, mode, substitution); });
 }
 
 codecvt_ustring_to_string::codecvt_ustring_to_string(codecvt_ustring_to_string &&) noexcept = default;

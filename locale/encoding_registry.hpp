@@ -28,6 +28,8 @@ public:
     kept_encoding const * add(std::string const & name, icu_converter converter);
 
 private:
+    static constexpr std::size_t slot_count = 512;
+
     /// The ends of a name, each of up to eight characters, which together are most names.
     struct name_ends {
         explicit name_ends(std::string_view name) noexcept;
@@ -35,13 +37,19 @@ private:
         std::uint64_t first = 0;
         std::uint64_t last = 0;
         std::size_t length;
+        bool are_all() const noexcept { return length <= 2 * sizeof first; }
+        std::size_t first_place() const noexcept {
+            return (((first ^ (last >> 7) ^ length) * 0x9E3779B97F4A7C15) >> 32) % slot_count;
+        }
     };
     struct named_encoding {
         name_ends ends;
         std::string name;
         kept_encoding const * encoding;
     };
-    static constexpr std::size_t slot_count = 512;
+
+    /// Searches for a name wherever it may be.
+    kept_encoding const * find_further(std::string_view name) const noexcept;
 
     struct place {
         std::size_t slot;             ///< of the name, or the free one where it would be, or `slot_count`
@@ -70,24 +78,10 @@ inline encoding_registry::name_ends::name_ends(std::string_view name) noexcept
     }
 }
 
-inline encoding_registry::place encoding_registry::place_of(std::string_view name) const noexcept {
-    // Names are few against the slots: a search that does not end soon may as well be given up.
-    constexpr std::size_t longest_search = 16;
-    name_ends const ends(name);
-    std::size_t const start = ((ends.first ^ (ends.last >> 7) ^ ends.length) * 0x9E3779B97F4A7C15) >> 32;
-    for (std::size_t i = 0; i < longest_search; ++i) {
-        std::size_t const slot = (start + i) % slot_count;
-        auto const * const there = slots_[slot].load(std::memory_order_acquire);
-        if (!there || (there->ends == ends && (ends.length <= 16 || there->name == name))) {
-            return {slot, there};
-        }
-    }
-    return {slot_count, nullptr};
-}
-
 inline kept_encoding const * encoding_registry::find(std::string_view name) const noexcept {
-    auto const * const found = place_of(name).found;
-    return found ? found->encoding : nullptr;
+    name_ends const ends(name);
+    auto const * const first = slots_[ends.first_place()].load(std::memory_order_acquire);
+    return first && first->ends == ends && ends.are_all() ? first->encoding : find_further(name);
 }
 
 } // namespace fl::i18n::lcmgmt
