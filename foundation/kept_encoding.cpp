@@ -67,6 +67,9 @@ encoding_page const * kept_encoding::unit_page(unsigned high) const {
 }
 
 conversion_progress kept_encoding::decode_by_tables(char16_t * destination, std::string_view source) const {
+    if (form_ != form::by_tables) {
+        return {};
+    }
     auto const * const singles = page(single_bytes_, [&] { return make_single_byte_page(converter_.get()); });
     if (!singles) {
         return {};
@@ -109,6 +112,9 @@ conversion_progress kept_encoding::decode_further(char16_t * destination, std::s
 }
 
 conversion_progress kept_encoding::encode_by_tables(char * destination, std::u16string_view source) const {
+    if (form_ != form::by_tables) {
+        return {};
+    }
     auto const * const first = unit_page(0);
     std::size_t const run = first && first->keeps_printable_ascii
                                 ? narrow_printable_run(destination, source.data(), source.size())

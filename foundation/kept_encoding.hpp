@@ -41,18 +41,14 @@ public:
     ///
     /// The destination has room for `source.size()` units; those beyond the ones produced may be overwritten.
     conversion_progress decode(char16_t * destination, std::string_view source) const {
-        if (form_ == form::by_tables) {
-            return decode_by_tables(destination, source);
-        }
-        return form_ == form::utf8 ? decode_well_formed_utf8(destination, source) : conversion_progress();
+        return form_ == form::utf8 ? decode_well_formed_utf8(destination, source)
+                                   : decode_by_tables(destination, source);
     }
 
     /// Encodes a text, as `decode` does; the destination has room for 3 bytes for each unit.
     conversion_progress encode(char * destination, std::u16string_view source) const {
-        if (form_ == form::by_tables) {
-            return encode_by_tables(destination, source);
-        }
-        return form_ == form::utf8 ? encode_well_formed_utf8(destination, source) : conversion_progress();
+        return form_ == form::utf8 ? encode_well_formed_utf8(destination, source)
+                                   : encode_by_tables(destination, source);
     }
 
 private:
