@@ -2,6 +2,7 @@
 
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/locale.hpp>
+#include <fl/i18n/ustring.hpp>
 #include <gtest/gtest.h>
 
 namespace fl::i18n {
@@ -245,6 +246,25 @@ TEST(StandardEncodingName, PrefersMimeNames) {
           row{"cp1125", "ibm-1125"}, row{"no such encoding", ""}, row{"", ""}}) {
         EXPECT_EQ(get_standard_encoding_name(r.name), r.standard) << r.name;
     }
+}
+
+/// Counts the questions for the length of a result.
+class asked_converter : public codecvt_string_to_ustring {
+public:
+    using codecvt_string_to_ustring::codecvt_string_to_ustring;
+    mutable int questions = 0;
+
+private:
+    std::size_t do_get_destination_size(char const * source, std::size_t length) const override {
+        ++questions;
+        return codecvt_string_to_ustring::do_get_destination_size(source, length);
+    }
+};
+
+TEST(NamedConverters, OfTheCallersClassAreAskedForTheLength) {
+    asked_converter const c("Shift_JIS", false);
+    EXPECT_EQ(to_ustring("ab", c), u"ab");
+    EXPECT_EQ(c.questions, 1);
 }
 
 } // namespace
