@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <boost/throw_exception.hpp>
-#include <cstdint>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/message_catalog.hpp>
 

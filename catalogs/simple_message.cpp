@@ -3,10 +3,9 @@
 #include "catalogs/double_formats.hpp"
 #include "foundation/ascii.hpp"
 #include "foundation/find_unit.hpp"
+#include "foundation/utf8_decode.hpp"
 
 #include <algorithm>
-#include <memory>
-#include <unicode/ustring.h>
 
 namespace fl::i18n {
 
@@ -16,22 +15,6 @@ using Argument = MessageCatalog::Argument;
 
 /// Hole numbers are below this.
 constexpr std::size_t most_holes = 64;
-
-/// Writes UTF-8 text, with U+FFFD for what is malformed; it takes at most a unit for each byte.
-char16_t * write_utf8(std::string_view text, char16_t * out) {
-    auto at = text.begin();
-    while (at != text.end() && static_cast<signed char>(*at) >= 0) {
-        *out++ = static_cast<char16_t>(*at++);
-    }
-    if (at == text.end()) {
-        return out;
-    }
-    auto const size = static_cast<std::int32_t>(text.end() - at);
-    std::int32_t written = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    u_strFromUTF8WithSub(out, size, &written, std::to_address(at), size, 0xFFFD, nullptr, &status);
-    return out + written;
-}
 
 struct room_for_argument {
     std::size_t operator()(std::int64_t value) const { return i18n::room_for(value); }
@@ -196,7 +179,7 @@ public:
 
     void operator()(std::int64_t value) { out_ = write_integer(value, out_); }
     void operator()(ustring const & value) { write(value); }
-    void operator()(std::string const & value) { out_ = write_utf8(value, out_); }
+    void operator()(std::string const & value) { out_ += decode_utf8(out_, value); }
     void operator()(double value) {
         if (what_ != kind::plain) {
             out_ = write_number(value, what_ == kind::number ? 6 : 0, out_);

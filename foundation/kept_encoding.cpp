@@ -2,6 +2,8 @@
 
 #include "foundation/ascii_run.hpp"
 
+#include <utility>
+
 namespace fl {
 
 namespace {
