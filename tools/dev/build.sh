@@ -1,14 +1,15 @@
 # shellcheck shell=bash
 # Building, testing, installing: the targets are the presets of CMakePresets.json.
 
-declare -A platform_of=([linux]=linux [windows]=windows [asan]=linux [tsan]=linux)
+declare -A platform_of=([linux]=linux [windows]=windows [asan]=linux [tsan]=linux [fuzz]=linux [coverage]=linux)
 
 is_target() { [[ -n ${1:-} && -n ${platform_of[$1]:-} ]]; }
 
 # Makes the dependencies of a target usable; fails when there is no such target.
 prepare_target() { # TARGET
-    is_target "$1" || die "unknown target: $1; there are linux, windows, asan and tsan"
+    is_target "$1" || die "unknown target: $1; there are linux, windows, asan, tsan, fuzz and coverage"
     prepare_dependencies
+    case $1 in fuzz | coverage) need_packages "${clang_packages[@]}" ;; esac
     [[ ${platform_of[$1]} == linux || $deps_mode == pinned ]] ||
         die "windows needs the pinned dependencies, which cannot be had here"
 }

@@ -8,6 +8,7 @@
 base_packages=(g++ cmake ninja-build make xz-utils libgtest-dev libcli11-dev)
 windows_packages=(g++-mingw-w64-x86-64-posix wine64)
 test_packages=(dpkg-dev groff-base libxml2-utils pkgconf unzip)
+clang_packages=(clang libclang-rt-14-dev llvm)
 system_packages=(libicu-dev libboost1.81-dev libboost-filesystem1.81-dev libexpat1-dev)
 
 # The suite that offers the pinned sources, and the versions accepted from it, best first.
