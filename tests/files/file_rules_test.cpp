@@ -24,7 +24,7 @@ TEST(open_stream, counts_the_name_without_prefix) {
         std::wstring native;
         errno = EACCES;
         EXPECT_FALSE(open_stream(u"C:\\" + ustring(length - 3, u'n'), codecvt_ustring_to_filesystem(false),
-                                 "r", [&](std::wstring const & path) -> std::FILE * {
+                                 "r", [&, code = code](std::wstring const & path) -> std::FILE * {
                                      EXPECT_EQ(errno, 0);
                                      native = path;
                                      errno = code;

@@ -22,7 +22,8 @@ TEST(upath, joins_with_one_separator) {
         EXPECT_EQ((row.left / row.right).native(), row.joined.native());
     }
     upath path = L"\\a\\";
-    path /= path;
+    upath const & itself = path;
+    path /= itself;
     EXPECT_EQ(path.native(), L"\\a\\a\\");
 }
 

@@ -108,7 +108,7 @@ TEST(StartUp, BuildsTheSystemLocaleFromTheSettings) {
         startup_inputs inputs = inputs_for(r.system_name);
         inputs.settings.ansi_code_page = r.code_page;
         QzLocaleCtx const context(inputs);
-        QzLocaleImpl const & locale = context.system();
+        QzLocale const & locale = context.system();
         EXPECT_TRUE(locale == context.global());
         EXPECT_EQ(locale.getLcName(LcCategory::messages), r.name);
         EXPECT_EQ(locale.getUserLcName(LcCategory::ctype), r.user_name);

@@ -58,7 +58,7 @@ void examine_root(std::string const & root, diagnosis & result) {
         result.facts.push_back({"catalog " + catalog, join(locales), {}});
         std::set<std::string> missing;
         std::copy_if(all_locales.begin(), all_locales.end(), std::inserter(missing, missing.end()),
-                     [&](std::string const & locale) { return !serves(locales, locale); });
+                     [&served = locales](std::string const & locale) { return !serves(served, locale); });
         if (!missing.empty()) {
             result.problems.push_back("The catalog " + catalog + " is missing in " + join(missing) +
                                       " below " + resources);
