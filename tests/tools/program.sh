@@ -33,6 +33,31 @@ echo '<rsccat><message><entry key="a">a</entry></message></rsccat>' >"$work/own.
 expect 0 '1 messages, 1 untranslated' export "$work/own.xml" --output "$work/own.pot"
 expect 0 '1 messages, 0 untranslated' export "$work/own.xml" --output "$work/own.po"
 
+# Each command once as people call it, with what it found in its status.
+expect 3 'no root has a directory "resources"' lookup app:ui:Found --root "$work"
+mkdir -p "$work/resources/app/en_US_POSIX"
+echo '<rsccat><message><entry key="Found">{0} of {1}</entry><entry key="Open">{</entry></message></rsccat>' \
+    >"$work/resources/app/en_US_POSIX/ui.xml"
+answers() { # STATUS TEXT ARGUMENT...
+    local status=0 wanted=$1 text=$2
+    shift 2
+    "${program[@]}" "$@" </dev/null 2>&1 | tr -d '\r' | tr '\\' / >"$work/output" || status=${PIPESTATUS[0]}
+    [[ $status == "$wanted" ]] && grep -qF -- "$text" "$work/output" ||
+        { cat "$work/output" >&2 && echo "$*: status $status, or does not say $text" >&2 && exit 1; }
+}
+answers 2 'is no message identifier' lookup app
+answers 2 '--arg' lookup app:ui:Found --root "$work" --arg i:3x
+answers 0 '3 of 2.5' lookup app:ui:Found --root "$work" --arg i:3 --arg d:2.5
+answers 0 '/resources/app/en_US_POSIX/ui.xml' lookup app:ui:Found --root "$work" --arg i:3 --arg s:4 --explain
+answers 1 'Missing' lookup app:ui:Missing --root "$work" --explain
+answers 0 'app:ui' coverage "$work"
+answers 0 '"app:ui"' coverage "$work" --format json
+answers 0 '1 text is no message pattern' pseudo "$work/resources/app/en_US_POSIX/ui.xml"
+answers 0 'system setting' locale
+printf 'a\xFFb\n' >"$work/bytes"
+answers 1 'FF is malformed in UTF-8' convert --from UTF-8 --to UTF-16 "$work/bytes" --output "$work/out"
+answers 1 'stopped at what cannot be converted' convert --from UTF-8 --to UTF-16 --on-error stop "$work/bytes"
+
 # A database that breaks off is in use up to there.
 mkdir "$work/database"
 echo '<lcdata><locale name="qq_QQ" encoding="nonsense"/><break/></lcdata>' >"$work/database/lcdata.xml"
