@@ -222,8 +222,13 @@ catalog_service::removal catalog_service::try_to_remove(ustring const & location
 }
 
 catalog_service & process_catalog_service() {
-    return process_service.get(
-        [] { return std::make_unique<catalog_service>([] { return filesystem::get_install_path(); }); });
+    if (catalog_service * const made = process_service.peek()) {
+        return *made;
+    }
+    // Asked for before anything is locked: the system may take the loader's lock for it, and a thread that
+    // initialises a module holds that one while it waits here for a text.
+    upath const path = filesystem::get_install_path();
+    return process_service.get([&] { return std::make_unique<catalog_service>([path] { return path; }); });
 }
 
 std::vector<upath> search_directories(std::vector<upath> const & roots) {

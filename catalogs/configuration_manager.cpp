@@ -1,5 +1,6 @@
 #include <fl/i18n/catalog_config.hpp>
 
+#include "foundation/never_destroyed.hpp"
 #include "foundation/process_singleton.hpp"
 
 #include <boost/throw_exception.hpp>
@@ -13,7 +14,7 @@ namespace fl::i18n::messagecatalog {
 namespace {
 
 constinit process_singleton<ConfigurationManager> process_registry;
-constinit ConfigurationManager::ConfigErrorCategory const category{};
+constinit never_destroyed<ConfigurationManager::ConfigErrorCategory> const category;
 
 [[noreturn]] void throw_not_found() {
     boost::throw_exception(std::runtime_error("Configuration not found"));
@@ -123,7 +124,7 @@ std::string ConfigurationManager::ConfigErrorCategory::message(int value) const 
 }
 
 std::error_category const & ConfigurationManager::getConfigErrorCategory() noexcept {
-    return category;
+    return category.object;
 }
 
 ConfigurationManager & ConfigurationManagerFactory::Get() {

@@ -1,6 +1,7 @@
 #include "conversion/conversion_record.hpp"
 #include "platform/icu_symbol.hpp"
 
+#include <atomic>
 #include <boost/throw_exception.hpp>
 #include <fl/i18n/converter.hpp>
 #include <limits>
@@ -24,29 +25,37 @@ void check_setting(UErrorCode status) {
     }
 }
 
+using found_call_back = std::atomic<UConverterFromUCallback>;
+
 /// Returns a call-back that some builds of the conversion library export, or the standard one.
-UConverterFromUCallback find_call_back(UConverter const * converter, char const * name,
-                                       UConverterFromUCallback standard) {
+///
+/// No thread waits for another that finds it: that takes the loader's lock, which a thread that initialises a
+/// module holds.
+UConverterFromUCallback find_call_back(found_call_back & kept, UConverter const * converter,
+                                       char const * name, UConverterFromUCallback standard) {
+    if (UConverterFromUCallback const known = kept.load(std::memory_order_relaxed)) {
+        return known;
+    }
     // What a fresh converter calls lies in the conversion library itself, not in an import thunk.
     UConverterFromUCallback current = nullptr;
     void const * context = nullptr;
     ucnv_getFromUCallBack(converter, &current, &context);
     void * const found = platform::find_icu_symbol(reinterpret_cast<void const *>(current), name);
-    return found ? reinterpret_cast<UConverterFromUCallback>(found) : standard;
+    auto const result = found ? reinterpret_cast<UConverterFromUCallback>(found) : standard;
+    kept.store(result, std::memory_order_relaxed);
+    return result;
 }
 
 UConverterFromUCallback stop_call_back(UConverter const * converter) {
-    static auto const call_back =
-        find_call_back(converter, FL_I18N_ICU_NAME(UCNV_FROM_U_CALLBACK_STOP_WITH_INVISIBLE_CHARS),
-                       UCNV_FROM_U_CALLBACK_STOP);
-    return call_back;
+    static constinit found_call_back kept = nullptr;
+    return find_call_back(kept, converter, FL_I18N_ICU_NAME(UCNV_FROM_U_CALLBACK_STOP_WITH_INVISIBLE_CHARS),
+                          UCNV_FROM_U_CALLBACK_STOP);
 }
 
 UConverterFromUCallback escape_call_back(UConverter const * converter) {
-    static auto const call_back =
-        find_call_back(converter, FL_I18N_ICU_NAME(UCNV_FROM_U_CALLBACK_ESCAPE_WITH_INVISIBLE_CHARS),
-                       UCNV_FROM_U_CALLBACK_ESCAPE);
-    return call_back;
+    static constinit found_call_back kept = nullptr;
+    return find_call_back(kept, converter, FL_I18N_ICU_NAME(UCNV_FROM_U_CALLBACK_ESCAPE_WITH_INVISIBLE_CHARS),
+                          UCNV_FROM_U_CALLBACK_ESCAPE);
 }
 
 /// Returns the option letter of an escape mode; null, the default format, for a value that is none of the

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -7,18 +9,31 @@
 namespace fl::i18n::lcmgmt {
 
 /// The events of the locale management, in the order in which they happened. Not synchronised.
+///
+/// The first ones, which tell of the start-up, and the newest ones stay; those between are only counted.
 class event_log {
 public:
-    /// Adds "source - message".
+    static constexpr std::size_t kept_first = 512;
+    static constexpr std::size_t kept_newest = 512;
+
+    /// Adds "source - message". Nothing is changed when this throws.
     void add(std::string_view source, std::string_view message);
 
-    /// Adds "source - message - status".
+    /// Adds "source - message - status", as `add` does.
     void add_error(std::string_view source, std::string_view message, int status);
 
-    std::vector<std::string> const & entries() const noexcept { return entries_; }
+    /// Returns the entries; where some are left out, one in their place says how many.
+    std::vector<std::string> entries() const;
+
+    /// Returns the number of all events that were ever added.
+    std::size_t count() const noexcept { return first_.size() + left_out_ + newest_.size(); }
 
 private:
-    std::vector<std::string> entries_;
+    void append(std::string entry);
+
+    std::vector<std::string> first_;
+    std::size_t left_out_ = 0;
+    std::deque<std::string> newest_;
 };
 
 } // namespace fl::i18n::lcmgmt

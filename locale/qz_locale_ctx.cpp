@@ -65,11 +65,15 @@ icu_converter open_icu_converter(std::string const & name) {
 }
 
 QzLocaleCtx & QzLocaleCtx::get() {
+    if (QzLocaleCtx * const made = context.peek()) {
+        return *made;
+    }
     try {
-        return context.get([] {
-            return std::make_unique<QzLocaleCtx>(startup_inputs{
-                read_environment(), platform::query_locale_settings(), filesystem::get_install_path()});
-        });
+        // Asked for before anything is locked: the system may take the loader's lock for it, and a thread
+        // that initialises a module holds that one while it waits here for a locale.
+        startup_inputs inputs{read_environment(), platform::query_locale_settings(),
+                              filesystem::get_install_path()};
+        return context.get([&] { return std::make_unique<QzLocaleCtx>(std::move(inputs)); });
     } catch (std::exception const &) {
         boost::throw_exception(std::runtime_error("Failed to initialize locale context"));
     }
@@ -115,7 +119,7 @@ void QzLocaleCtx::load_database() {
         log_.add(init_source, warning_message_);
         return;
     }
-    std::size_t const events_before = log_.entries().size();
+    std::size_t const events_before = log_.count();
     try {
         parse_lcdata(LcData(tables_, log_), path);
     } catch (LcRscExceptionBase const & failure) {
@@ -124,7 +128,7 @@ void QzLocaleCtx::load_database() {
         return;
     }
     database_path_ = path;
-    if (log_.entries().size() == events_before) {
+    if (log_.count() == events_before) {
         status_ = LcStatusInitialized;
     } else {
         warning_message_ = "Some entries of the XML locale database were refused.";

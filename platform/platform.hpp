@@ -18,11 +18,9 @@ namespace fl::platform {
 /// The two environments of a process: the system's block and the C runtime's copy of it.
 ///
 /// Where the system has only one environment both views show it. An interface, so that the rules above it
-/// are tested with a fake.
+/// are tested with a fake. Nobody owns one through it, and that of the process is never destroyed.
 class environment_access {
 public:
-    virtual ~environment_access() = default;
-
     /// Copies a variable of the system block into `buffer`, which has room for `size` UTF-16 units.
     ///
     /// Returns the length without terminator when it fits, the needed size with terminator when it does not,
@@ -38,6 +36,9 @@ public:
     /// Sets a variable through the C runtime, or removes it when `value` is empty. Returns whether that
     /// succeeded; `errno` tells why not.
     virtual bool set_runtime(char16_t const * name, char16_t const * value) = 0;
+
+protected:
+    ~environment_access() = default;
 };
 
 /// Returns the environment of this process.

@@ -4,6 +4,19 @@
 
 namespace fl::platform {
 
+namespace {
+
+/// Whatever frees the library, it stays loaded: objects of the process are never destroyed, exceptions and
+/// catalogs of callers hold its code, and threads may run in it. Elsewhere the linker's "nodelete" says so.
+[[maybe_unused]] bool const stays_loaded = [] {
+    static char const here = 0;
+    HMODULE module = nullptr;
+    return GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                              reinterpret_cast<wchar_t const *>(&here), &module) != 0;
+}();
+
+} // namespace
+
 std::wstring module_path(void const * address) {
     HMODULE module = nullptr;
     // The system takes a null address for the program's.

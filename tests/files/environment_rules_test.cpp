@@ -12,7 +12,7 @@ namespace {
 using variables = std::map<ustring, ustring>;
 
 /// Two environments that need not agree, as on Windows.
-class fake_environment : public platform::environment_access {
+class fake_environment final : public platform::environment_access {
 public:
     mutable variables system;
     variables runtime;

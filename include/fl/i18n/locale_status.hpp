@@ -39,6 +39,9 @@ public:
     static std::string getInitWarningMsg();
     /// Returns the event log, oldest event first: source, " - " and message, for an error " - " and its
     /// status too.
+    ///
+    /// It holds the first 512 events and the newest 512; where others were between them, one entry says how
+    /// many.
     static std::vector<std::string> getEventLog();
     /// Returns the system's locale settings as captured at start-up, by setting name.
     static std::map<std::string, std::string> getLocaleInformation();
