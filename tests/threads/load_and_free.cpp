@@ -36,7 +36,7 @@ bool stays_flat(char const * name, int times, Action action) {
     std::cout << name << ": " << times << " times, memory " << before.memory << " -> " << after.memory
               << " KiB, address space " << before.addresses << " -> " << after.addresses << " KiB, handles "
               << before.handles << " -> " << after.handles << '\n';
-    constexpr std::size_t noise = 256;
+    constexpr std::size_t noise = 512;
     return after.handles <= before.handles &&
            (!counts_memory ||
             (after.memory <= before.memory + noise && after.addresses <= before.addresses + noise));
