@@ -1,14 +1,12 @@
 #pragma once
 
+#include "tests/support/system_queries.hpp"
+
 #include <cstddef>
 #include <string>
 #ifdef _WIN32
 #include <windows.h>
-
-#include <psapi.h>
 #else
-#include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <limits>
 #endif
@@ -17,38 +15,40 @@ namespace fl::test {
 
 /// What this process has of the system at a moment.
 struct process_usage {
-    std::size_t memory;    ///< in KiB: in RAM, or promised to this process alone where the system counts that
-    std::size_t addresses; ///< in KiB: all address space in use
-    std::size_t handles;   ///< open files, threads and the like
+    std::size_t memory;  ///< in KiB: what is in RAM, on Windows what is committed to this process alone
+    std::size_t mapped;  ///< in KiB: all of its address space that is in use
+    std::size_t handles; ///< open files and the like
 };
 
 #ifdef _WIN32
 
+/// Asks for each region, as Wine does not count them.
 inline process_usage query_usage() {
-    PROCESS_MEMORY_COUNTERS_EX memory{};
-    GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS *>(&memory),
-                         sizeof memory);
-    DWORD handles = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &handles);
-    return {memory.WorkingSetSize / 1024, memory.PrivateUsage / 1024, handles};
+    std::size_t own = 0;
+    std::size_t mapped = 0;
+    MEMORY_BASIC_INFORMATION region{};
+    for (char * at = nullptr; VirtualQuery(at, &region, sizeof region) == sizeof region;
+         at += region.RegionSize) {
+        own += region.State == MEM_COMMIT && region.Type == MEM_PRIVATE ? region.RegionSize : 0;
+        mapped += region.State != MEM_FREE ? region.RegionSize : 0;
+    }
+    return {own / 1024, mapped / 1024, count_open_handles()};
 }
 
 #else
 
 inline process_usage query_usage() {
     process_usage usage{};
+    usage.handles = count_open_handles();
     std::ifstream status("/proc/self/status");
     for (std::string word; status >> word;) {
         if (word == "VmRSS:") {
             status >> usage.memory;
         } else if (word == "VmSize:") {
-            status >> usage.addresses;
+            status >> usage.mapped;
         }
         status.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
     }
-    status.close();
-    std::filesystem::directory_iterator const entries("/proc/self/fd");
-    usage.handles = static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
     return usage;
 }
 
