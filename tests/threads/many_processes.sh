@@ -17,7 +17,7 @@ after=("${@:2}")
 # Prints a line for a process that fails, or hangs.
 run_one() { # NUMBER
     local output
-    output=$(timeout 60 "${before[@]}" "$1" "${after[@]}" 2>&1) && return
+    output=$(timeout "${FL_I18N_PROCESS_SECONDS:-60}" "${before[@]}" "$1" "${after[@]}" 2>&1) && return
     printf 'process %s: status %s\n%s\n' "$1" $? "$output" >&2
     echo failed
 }

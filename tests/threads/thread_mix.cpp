@@ -7,6 +7,7 @@
 #include <array>
 #include <atomic>
 #include <barrier>
+#include <cctype>
 #include <chrono>
 #include <fl/filesystem/file.hpp>
 #include <fl/i18n/catalog_config.hpp>
@@ -33,6 +34,7 @@ using namespace i18n;
 namespace config = messagecatalog;
 
 constexpr unsigned thread_count = 8;
+constexpr int operations_in_a_round = 100;
 constexpr std::array locale_names{"ja_JP",       "de_DE",        "fr_FR",
                                   "en_US_POSIX", "ja_JP.EUC-JP", "de_AT.ISO-8859-1"};
 
@@ -43,6 +45,7 @@ test::temporary_directory const added;
 struct thread_state {
     unsigned number;
     std::minstd_rand random;
+    unsigned round = 0;
 
     unsigned choose(std::size_t count) { return static_cast<unsigned>(random() / 7 % count); }
     std::string locale_name() { return locale_names[choose(locale_names.size())]; }
@@ -143,7 +146,12 @@ bool converts(thread_state & thread) {
     constexpr std::array encodings{"EUC-JP", "Shift_JIS", "UTF-8", "GB18030"};
     // In the encodings of the locales above, and where the system has none.
     static std::set<std::string> const accents{"\xC3\xA9", "\xE9", "\x8F\xAB\xB1", "\x1A"};
-    std::string const encoding = encodings[thread.choose(encodings.size())];
+    std::string encoding = encodings[thread.choose(encodings.size())];
+    // All threads meet a new name in a round.
+    for (std::size_t i = 0; i < encoding.size(); ++i) {
+        encoding[i] =
+            static_cast<char>(thread.round >> i & 1 ? std::toupper(encoding[i]) : std::tolower(encoding[i]));
+    }
     codecvt_ustring_to_string to(encoding, false);
     codecvt_string_to_ustring from(encoding, false);
     ustring const text = u"a\u3042\u30A2";
@@ -300,12 +308,12 @@ int main(int count, char ** arguments) {
     test::run_together(thread_count, [&](std::size_t number) {
         thread_state thread{static_cast<unsigned>(number),
                             std::minstd_rand(seed + static_cast<unsigned>(number))};
-        while (running) {
-            for (int i = 0; i < 500; ++i) {
+        for (; running; ++thread.round) {
+            for (int i = 0; i < operations_in_a_round; ++i) {
                 subject const & s = *choices[thread.choose(choices.size())];
                 wrong.look_at(s.name, [&] { return s.has_allowed_answers(thread); });
             }
-            operations += 500;
+            operations += operations_in_a_round;
             pause.arrive_and_wait();
         }
     });
