@@ -301,8 +301,11 @@ int main(int count, char ** arguments) {
     std::atomic<std::uint64_t> operations = 0;
     auto const end = std::chrono::steady_clock::now() + duration;
     bool running = true;
+    unsigned rounds = 0;
     std::barrier pause(thread_count, [&]() noexcept {
-        flush_catalogs();
+        if (++rounds % 10 == 0) {
+            flush_catalogs();
+        }
         running = std::chrono::steady_clock::now() < end;
     });
     test::run_together(thread_count, [&](std::size_t number) {
