@@ -193,7 +193,8 @@ protected:
 /// Makes a locale the global one, unless global changes are locked.
 ///
 /// While localised resources are disabled the messages category stays the classic one. Any thread may call
-/// it; readers see the old locale or the new one.
+/// it; readers see the old locale or the new one. Each different locale that becomes the global one, by this
+/// function or another, stays in memory until the process ends, with up to 2 KiB.
 FL_I18N_API void change_global_locale(QzLocale const & locale);
 
 /// Ignores all later changes of the global locale: those that return `bool` return false, each attempt is
