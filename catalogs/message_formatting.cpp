@@ -8,6 +8,7 @@
 #include <boost/throw_exception.hpp>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/message_catalog.hpp>
+#include <limits>
 
 namespace fl::i18n {
 
@@ -16,7 +17,7 @@ namespace {
 /// Tells whether a message without arguments is its own result: it has neither holes nor apostrophes.
 bool is_plain(std::u16string_view message) {
     char16_t const * const end = message.data() + message.size();
-    return message.size() <= simple_message::size_limit &&
+    return message.size() <= std::numeric_limits<std::int32_t>::max() &&
            find_either(message.data(), end, u'{', u'\'') == end;
 }
 

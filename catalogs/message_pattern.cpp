@@ -1,7 +1,9 @@
 #include "catalogs/message_pattern.hpp"
 
 #include "catalogs/double_formats.hpp"
+#include "catalogs/hole_style.hpp"
 #include "catalogs/icu_check.hpp"
+#include "catalogs/pattern_nesting.hpp"
 #include "foundation/ascii.hpp"
 #include "foundation/process_singleton.hpp"
 
@@ -10,6 +12,7 @@
 #include <boost/numeric/conversion/cast.hpp>
 #include <boost/throw_exception.hpp>
 #include <fl/i18n/catalog_config.hpp>
+#include <fl/i18n/limits.hpp>
 #include <memory>
 #include <unicode/locid.h>
 #include <unicode/uchar.h>
@@ -34,8 +37,7 @@ icu::UnicodeString view(std::u16string_view text) {
 
 /// Doubles apostrophes that are text; the result may point to the message.
 icu::UnicodeString quote_apostrophes(std::u16string_view message) {
-    // The size is what ICU can quote.
-    if (message.size() < std::size_t{1} << 26 && message.find(u'\'') == message.npos) {
+    if (message.find(u'\'') == message.npos) {
         return view(message);
     }
     UErrorCode status = U_ZERO_ERROR;
@@ -43,6 +45,40 @@ icu::UnicodeString quote_apostrophes(std::u16string_view message) {
     check_format(status, pattern);
     return pattern;
 }
+
+/// Refuses what ICU would take too much of time, memory or stack for.
+void check_limit(bool within) {
+    check_format(within ? U_ZERO_ERROR : U_MESSAGE_PARSE_ERROR);
+}
+
+/// Counts what is limited in a pattern that ICU has read.
+class pattern_counter {
+public:
+    void count(icu::MessagePattern::Part const & part, std::u16string_view pattern) {
+        switch (part.getType()) {
+        case UMSGPAT_PART_TYPE_ARG_START:
+            formats_ += makes_format(part.getArgType());
+            [[fallthrough]];
+        case UMSGPAT_PART_TYPE_ARG_SELECTOR:
+        case UMSGPAT_PART_TYPE_REPLACE_NUMBER:
+            ++holes_;
+            break;
+        case UMSGPAT_PART_TYPE_ARG_STYLE:
+            check_limit(is_moderate_style(pattern.substr(static_cast<std::size_t>(part.getIndex()),
+                                                         static_cast<std::size_t>(part.getLength()))));
+            break;
+        default:
+            break;
+        }
+        check_limit(holes_ <= limits::most_holes && formats_ <= limits::most_formats);
+    }
+
+private:
+    static bool makes_format(UMessagePatternArgType type) { return type == UMSGPAT_ARG_TYPE_SIMPLE; }
+
+    std::size_t holes_ = 0;
+    std::size_t formats_ = 0;
+};
 
 icu::MessageFormat make_format(icu::UnicodeString const & pattern) {
     UErrorCode status = U_ZERO_ERROR;
@@ -64,6 +100,16 @@ struct formattable_setter {
     void operator()(std::string const & text) const {
         auto const length = boost::numeric_cast<std::int32_t>(text.size());
         value.setString(icu::UnicodeString::fromUTF8({text.data(), length}));
+    }
+};
+
+/// Returns the length of a text, which a hole takes as it is.
+struct argument_size {
+    std::size_t operator()(std::int64_t) const { return 0; }
+    std::size_t operator()(double) const { return 0; }
+    template <class Text>
+    std::size_t operator()(Text const & text) const {
+        return static_cast<std::size_t>(boost::numeric_cast<std::int32_t>(text.size()));
     }
 };
 
@@ -93,8 +139,14 @@ std::string message_pattern::hole::type() const {
 }
 
 message_pattern::message_pattern(std::u16string_view message)
-    : message_(message)
-    , pattern_(quote_apostrophes(message)) {
+    : message_(message) {
+    boost::numeric_cast<std::int32_t>(message.size());
+    if (message.find(u'{') == message.npos) {
+        return;
+    }
+    check_limit(message.size() <= limits::longest_pattern);
+    pattern_ = quote_apostrophes(message);
+    check_limit(nests_within(limits::deepest_nesting, pattern_text()));
     UErrorCode status = U_ZERO_ERROR;
     icu::MessagePattern const parsed(pattern_, nullptr, status);
     check_format(status);
@@ -103,7 +155,13 @@ message_pattern::message_pattern(std::u16string_view message)
 }
 
 void message_pattern::check() const {
-    make_format(pattern_);
+    if (is_pattern()) {
+        make_format(pattern_);
+    }
+}
+
+std::u16string_view message_pattern::pattern_text() const {
+    return {pattern_.getBuffer(), static_cast<std::size_t>(pattern_.length())};
 }
 
 bool message_pattern::has_named_holes() const {
@@ -111,10 +169,10 @@ bool message_pattern::has_named_holes() const {
 }
 
 void message_pattern::collect_holes(icu::MessagePattern const & parsed) {
-    constexpr std::int32_t least_parts = 3; // of a hole
-    holes_.reserve(static_cast<std::size_t>(parsed.countParts() / least_parts));
+    pattern_counter counter;
     for (std::int32_t i = 0; i < parsed.countParts(); ++i) {
         auto const & part = parsed.getPart(i);
+        counter.count(part, pattern_text());
         if (part.getType() != UMSGPAT_PART_TYPE_ARG_START) {
             continue;
         }
@@ -122,8 +180,8 @@ void message_pattern::collect_holes(icu::MessagePattern const & parsed) {
         auto const & limit = parsed.getPart(parsed.getLimitPartIndex(i));
         bool const has_name = name.getType() == UMSGPAT_PART_TYPE_ARG_NAME;
         bool const has_type = part.getArgType() != UMSGPAT_ARG_TYPE_NONE;
-        std::u16string_view const text(pattern_.getBuffer() + name.getIndex(),
-                                       static_cast<std::size_t>(name.getLength()));
+        auto const text = pattern_text().substr(static_cast<std::size_t>(name.getIndex()),
+                                                static_cast<std::size_t>(name.getLength()));
         holes_.push_back({part.getIndex(), limit.getLimit(), has_name, has_type, name.getValue(), text});
     }
 }
@@ -147,8 +205,12 @@ ustring message_pattern::fill(std::vector<Argument> const & args,
         }
         return ustring(message_);
     }
+    if (!is_pattern()) {
+        return unquoted();
+    }
     std::vector<icu::Formattable> values(args.size());
     try {
+        check_limit(size_with(args) <= limits::longest_result);
         for (std::size_t i = 0; i < args.size(); ++i) {
             std::visit(formattable_setter{values[i]}, args[i]);
         }
@@ -165,20 +227,59 @@ ustring message_pattern::fill(std::vector<Argument> const & args,
     return to_ustring(result);
 }
 
+// An apostrophe is text unless it begins a quotation; two are one.
+ustring message_pattern::unquoted() const {
+    ustring result;
+    result.reserve(message_.size());
+    bool in_quotation = false;
+    for (std::size_t at = 0; at < message_.size(); ++at) {
+        if (message_[at] == u'\'') {
+            char16_t const next = at + 1 < message_.size() ? message_[at + 1] : u'\0';
+            if (next == u'\'') {
+                ++at;
+            } else if (in_quotation || next == u'}') {
+                in_quotation = !in_quotation;
+                continue;
+            }
+        }
+        result += message_[at];
+    }
+    return result;
+}
+
+std::size_t message_pattern::size_with(std::vector<Argument> const & args) const {
+    std::vector<std::size_t> sizes;
+    sizes.reserve(args.size());
+    for (auto const & arg : args) {
+        sizes.push_back(std::visit(argument_size(), arg));
+    }
+    std::size_t size = message_.size();
+    for (auto const & h : holes_) {
+        bool const is_plain = !h.has_name && !h.has_type;
+        size += is_plain && static_cast<std::size_t>(h.number) < sizes.size()
+                    ? sizes[static_cast<std::size_t>(h.number)]
+                    : 0;
+    }
+    return size;
+}
+
 // The text of a number goes into the pattern in its hole's place: it holds nothing that a pattern would read
 // as more than text. A format set for the argument would reach outer holes only, and also those with a format
 // of their own.
 icu::UnicodeString message_pattern::with_doubles_written(std::vector<Argument> const & args,
                                                          std::optional<numeric_format> format) const {
-    icu::UnicodeString pattern = pattern_;
-    for (auto at = holes_.rbegin(); at != holes_.rend(); ++at) {
-        if (double const * const value = double_for(*at, args)) {
+    icu::UnicodeString pattern;
+    std::int32_t done = 0;
+    for (auto const & h : holes_) {
+        if (double const * const value = double_for(h, args)) {
             format = format ? format : default_format();
             std::array<char16_t, longest_double> text;
             auto const length = write_double(*value, *format, text.data()) - text.data();
-            pattern.replaceBetween(at->begin, at->end, text.data(), 0, static_cast<std::int32_t>(length));
+            pattern.append(pattern_, done, h.begin - done).append(text.data(), static_cast<int>(length));
+            done = h.end;
         }
     }
+    pattern.append(pattern_, done, pattern_.length() - done);
     check_format(U_ZERO_ERROR, pattern);
     return pattern;
 }

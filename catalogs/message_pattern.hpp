@@ -15,6 +15,8 @@
 namespace fl::i18n {
 
 /// A message as a pattern with holes, at any depth: a hole inside a plural's branch counts like any other.
+///
+/// ICU sees nothing of a pattern that is beyond a limit.
 class message_pattern {
 public:
     /// A hole as it is written.
@@ -30,8 +32,8 @@ public:
         std::string type() const;
     };
 
-    /// The text must outlive the object. Throws `MessageFormatIncorrect` when the text is no pattern, and
-    /// `boost::numeric::positive_overflow`.
+    /// The text must outlive the object. Throws `MessageFormatIncorrect` when the text is no pattern or
+    /// beyond a limit, and `boost::numeric::positive_overflow`.
     explicit message_pattern(std::u16string_view message);
     message_pattern(message_pattern const &) = delete;
     message_pattern & operator=(message_pattern const &) = delete;
@@ -52,7 +54,11 @@ public:
                  std::optional<numeric_format> const & format) const;
 
 private:
+    bool is_pattern() const { return !pattern_.isEmpty(); }
+    std::u16string_view pattern_text() const;
     bool has_named_holes() const;
+    ustring unquoted() const;
+    std::size_t size_with(std::vector<MessageCatalog::Argument> const & args) const;
     void collect_holes(icu::MessagePattern const & parsed);
     void count_distinct_holes();
     icu::UnicodeString with_doubles_written(std::vector<MessageCatalog::Argument> const & args,
@@ -60,7 +66,7 @@ private:
     numeric_format default_format() const;
 
     std::u16string_view message_;
-    icu::UnicodeString pattern_;
+    icu::UnicodeString pattern_; ///< empty for a message without an opening brace
     std::vector<hole> holes_;
     std::size_t distinct_holes_ = 0;
 };

@@ -6,6 +6,7 @@
 #include "foundation/utf8_decode.hpp"
 
 #include <algorithm>
+#include <fl/i18n/limits.hpp>
 
 namespace fl::i18n {
 
@@ -100,7 +101,7 @@ private:
 
 simple_message::simple_message(std::u16string_view message)
     : message_(message)
-    , is_simple_(message.size() <= size_limit && read()) {}
+    , is_simple_(message.size() <= limits::longest_pattern && read()) {}
 
 bool simple_message::read() {
     char16_t const * const begin = message_.data();
@@ -154,12 +155,12 @@ std::size_t simple_message::room_for(std::vector<Argument> const & args) const {
             return too_much;
         }
         std::size_t const more = std::visit(room_for_argument(), args[number]);
-        if (more > size_limit) {
+        if (more > limits::longest_result) {
             return too_much;
         }
         units += more;
     }
-    return units <= size_limit ? units : too_much;
+    return units <= limits::longest_result ? units : too_much;
 }
 
 /// Writes arguments to where there is room for them.

@@ -16,11 +16,9 @@ namespace fl::i18n {
 class simple_message {
 public:
     static constexpr auto too_much = static_cast<std::size_t>(-1);
-    /// Messages and arguments of more units are left to ICU, which has its limits not far from this.
-    static constexpr std::size_t size_limit = std::size_t{1} << 26;
 
     /// Reads a message, which must outlive the object. It is not simple when it has anything else, such as
-    /// quoted text, names of holes or unusual spelling, or when it is very large.
+    /// quoted text, names of holes or unusual spelling, or when it is too long for a pattern.
     explicit simple_message(std::u16string_view message);
 
     /// Tells whether the message is simple; nothing else may be called when it is not.
@@ -29,7 +27,7 @@ public:
     std::size_t distinct_holes() const { return distinct_holes_; }
     /// Returns a number of units that is enough for the message with its holes filled from as many arguments
     /// as it has different holes; `too_much` when that is left to ICU, since an argument does not fit its
-    /// hole, is missing or is very large.
+    /// hole or is missing, or when the result may be too long.
     std::size_t room_for(std::vector<MessageCatalog::Argument> const & args) const;
     /// Returns the message filled, in the room that there is for it.
     ///

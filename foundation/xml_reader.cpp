@@ -3,13 +3,19 @@
 #include <array>
 #include <boost/numeric/conversion/cast.hpp>
 #include <exception>
-#include <expat.h>
+#include <fl/i18n/limits.hpp>
 #include <memory>
 #include <type_traits>
+
+// Without it the header of Expat hides the protection against entities that grow, which the library has.
+#define XML_DTD 1
+#include <expat.h>
 
 namespace fl::xml {
 
 namespace {
+
+namespace limits = i18n::limits;
 
 struct parser_closer {
     void operator()(XML_Parser parser) const noexcept { XML_ParserFree(parser); }
@@ -22,6 +28,7 @@ struct parse_state {
     event_sink & sink;
     std::exception_ptr failure;
     bool stopped = false;
+    std::size_t depth = 0; ///< of elements inside each other
 
     template <class Event>
     static void deliver(void * user_data, Event event) {
@@ -51,11 +58,17 @@ void XMLCALL declaration(void * user_data, char const * version, char const * en
 }
 
 void XMLCALL start_element(void * user_data, char const * name, char const ** attributes) {
-    parse_state::deliver(user_data,
-                         [=](event_sink & sink) { return sink.on_start_element(name, attributes); });
+    auto & state = *static_cast<parse_state *>(user_data);
+    bool const is_too_much =
+        ++state.depth > limits::deepest_element ||
+        static_cast<std::size_t>(XML_GetCurrentByteCount(state.parser)) > limits::longest_tag;
+    parse_state::deliver(user_data, [=](event_sink & sink) {
+        return !is_too_much && sink.on_start_element(name, attributes);
+    });
 }
 
 void XMLCALL end_element(void * user_data, char const * name) {
+    --static_cast<parse_state *>(user_data)->depth;
     parse_state::deliver(user_data, [=](event_sink & sink) { return sink.on_end_element(name); });
 }
 
@@ -65,9 +78,9 @@ void XMLCALL character_data(void * user_data, char const * text, int length) {
     });
 }
 
-read_result malformed(XML_Parser parser) {
-    return {read_status::malformed, static_cast<int>(XML_GetErrorCode(parser)),
-            XML_GetCurrentLineNumber(parser), XML_GetCurrentColumnNumber(parser)};
+read_result malformed(XML_Parser parser, XML_Error error) {
+    return {read_status::malformed, static_cast<int>(error), XML_GetCurrentLineNumber(parser),
+            XML_GetCurrentColumnNumber(parser)};
 }
 
 } // namespace
@@ -87,13 +100,15 @@ read_result read_document(std::FILE * file, char const * forced_encoding, event_
     if (!parser) {
         return {read_status::no_parser};
     }
-    parse_state state{parser.get(), sink, nullptr, false};
+    XML_SetBillionLaughsAttackProtectionActivationThreshold(parser.get(), limits::free_entity_bytes);
+    parse_state state{parser.get(), sink, nullptr};
     XML_SetUserData(parser.get(), &state);
     XML_SetXmlDeclHandler(parser.get(), declaration);
     XML_SetElementHandler(parser.get(), start_element, end_element);
     XML_SetCharacterDataHandler(parser.get(), character_data);
 
     std::array<char, 1024> block;
+    std::size_t bytes_read = 0;
     for (bool last = false; !last;) {
         std::size_t const length = std::fread(block.data(), 1, block.size(), file);
         if (std::ferror(file)) {
@@ -105,7 +120,11 @@ read_result read_document(std::FILE * file, char const * forced_encoding, event_
             std::rethrow_exception(state.failure);
         }
         if (status != XML_STATUS_OK) {
-            return malformed(parser.get());
+            return malformed(parser.get(), XML_GetErrorCode(parser.get()));
+        }
+        bytes_read += length;
+        if (bytes_read > limits::longest_file) {
+            return malformed(parser.get(), XML_ERROR_ABORTED);
         }
     }
     return {};

@@ -25,7 +25,8 @@ public:
 enum class read_status { complete, no_parser, read_failed, malformed };
 
 /// How the reading of a document ended; for a malformed one with Expat's error code and the position, where
-/// lines count from 1 and columns (in bytes) from 0. A document that the sink stopped counts as malformed.
+/// lines count from 1 and columns (in bytes) from 0. A document that the sink stopped, or that is beyond a
+/// limit (`fl::i18n::limits`), counts as malformed.
 struct read_result {
     read_status status = read_status::complete;
     int error_code = 0;

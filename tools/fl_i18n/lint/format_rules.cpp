@@ -1,8 +1,8 @@
 #include "tools/fl_i18n/lint/text_rules.hpp"
 
+#include "catalogs/hole_style.hpp"
 #include "foundation/ascii.hpp"
 
-#include <algorithm>
 #include <boost/numeric/conversion/cast.hpp>
 #include <fl/i18n/ustring.hpp>
 #include <unicode/datefmt.h>
@@ -36,34 +36,10 @@ bool can_be_built(i18n::ustring const & pattern) {
     return U_SUCCESS(status) && (count == 0 || can_write(formats[0]));
 }
 
-/// Tells whether it would take long to find out about a style: it is huge, or a skeleton with a power of ten
-/// of three digits or more, whose number would be written out.
-bool is_absurd(i18n::ustring const & style) {
-    constexpr std::size_t longest = 1000;
-    if (style.size() > longest) {
-        return true;
-    }
-    if (style.find(u"::") == i18n::ustring::npos) {
-        return false;
-    }
-    for (std::size_t at = style.find_first_of(u"eE"); at != style.npos;
-         at = style.find_first_of(u"eE", at + 1)) {
-        std::size_t const first = std::min(style.find_first_not_of(u"+-", at + 1), style.size());
-        std::size_t digit = first;
-        while (digit < style.size() && ascii::is_digit(style[digit])) {
-            ++digit;
-        }
-        if (digit - first > 2) {
-            return true;
-        }
-    }
-    return false;
-}
-
 } // namespace
 
 format_rules::verdict format_rules::judge(hole const & each) {
-    if (is_absurd(each.style)) {
+    if (!i18n::is_moderate_style(each.style)) {
         return verdict::absurd;
     }
     i18n::ustring const start = u"{0," + ascii::widen(each.type);

@@ -4,6 +4,7 @@
 #include "tools/fl_i18n/lint/pattern_syntax.hpp"
 
 #include <algorithm>
+#include <fl/i18n/limits.hpp>
 #include <string_view>
 #include <utility>
 
@@ -13,7 +14,7 @@ namespace {
 
 constexpr int greatest_number = 0x7FFF;
 constexpr std::size_t longest_part = 0xFFFF;
-constexpr int deepest_nesting = 64;
+constexpr int deepest_nesting = i18n::limits::deepest_nesting;
 
 enum class context { top, plural, select, choice };
 
