@@ -255,10 +255,8 @@ std::size_t message_pattern::size_with(std::vector<Argument> const & args) const
     }
     std::size_t size = message_.size();
     for (auto const & h : holes_) {
-        bool const is_plain = !h.has_name && !h.has_type;
-        size += is_plain && static_cast<std::size_t>(h.number) < sizes.size()
-                    ? sizes[static_cast<std::size_t>(h.number)]
-                    : 0;
+        auto const number = static_cast<std::size_t>(h.number); // 0 for a name
+        size += !h.has_type && number < sizes.size() ? sizes[number] : 0;
     }
     return size;
 }
