@@ -227,22 +227,24 @@ ustring message_pattern::fill(std::vector<Argument> const & args,
     return to_ustring(result);
 }
 
-// An apostrophe is text unless it begins a quotation; two are one.
+// An apostrophe is text unless a brace follows, which begins a quotation; two are one. After two of them a
+// quotation goes on only when another or a brace follows: ICU doubles the second else, and so ends it.
 ustring message_pattern::unquoted() const {
+    auto const unit_at = [this](std::size_t at) { return at < message_.size() ? message_[at] : u'\0'; };
     ustring result;
     result.reserve(message_.size());
     bool in_quotation = false;
     for (std::size_t at = 0; at < message_.size(); ++at) {
-        if (message_[at] == u'\'') {
-            char16_t const next = at + 1 < message_.size() ? message_[at + 1] : u'\0';
-            if (next == u'\'') {
-                ++at;
-            } else if (in_quotation || next == u'}') {
-                in_quotation = !in_quotation;
-                continue;
-            }
+        if (message_[at] != u'\'') {
+            result += message_[at];
+        } else if (unit_at(at + 1) == u'\'') {
+            result += message_[++at];
+            in_quotation = in_quotation && (unit_at(at + 1) == u'\'' || unit_at(at + 1) == u'}');
+        } else if (in_quotation || unit_at(at + 1) == u'}') {
+            in_quotation = !in_quotation;
+        } else {
+            result += message_[at];
         }
-        result += message_[at];
     }
     return result;
 }
