@@ -234,19 +234,23 @@ ustring message_pattern::unquoted() const {
     ustring result;
     result.reserve(message_.size());
     bool in_quotation = false;
-    for (std::size_t at = 0; at < message_.size(); ++at) {
-        if (message_[at] != u'\'') {
-            result += message_[at];
-        } else if (unit_at(at + 1) == u'\'') {
-            result += message_[++at];
+    std::size_t done = 0;
+    for (std::size_t at = 0; (at = message_.find(u'\'', at)) != message_.npos; ++at) {
+        bool const is_doubled = unit_at(at + 1) == u'\'';
+        if (!is_doubled && !in_quotation && unit_at(at + 1) != u'}') {
+            continue;
+        }
+        // This one is left out.
+        result.append(message_, done, at - done);
+        done = at + 1;
+        if (is_doubled) {
+            ++at;
             in_quotation = in_quotation && (unit_at(at + 1) == u'\'' || unit_at(at + 1) == u'}');
-        } else if (in_quotation || unit_at(at + 1) == u'}') {
-            in_quotation = !in_quotation;
         } else {
-            result += message_[at];
+            in_quotation = !in_quotation;
         }
     }
-    return result;
+    return result.append(message_, done);
 }
 
 std::size_t message_pattern::size_with(std::vector<Argument> const & args) const {

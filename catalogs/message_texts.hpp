@@ -62,9 +62,16 @@ public:
         return {units_ + slot.begin + (slot.key_bytes + 1) / sizeof(char16_t), slot.text_units};
     }
 
-    static std::uint32_t hash(std::string_view key) { return static_cast<std::uint32_t>(hash_text(key)); }
+    /// Returns a hash that nobody can foresee who writes a catalog: keys that collide would make a table slow.
+    static std::uint32_t hash(std::string_view key) {
+        // The system puts the library where nobody knows, anew for each process.
+        auto const seed = reinterpret_cast<std::uintptr_t>(&place_);
+        return static_cast<std::uint32_t>(hash_text(key, seed));
+    }
 
 private:
+    static constexpr char place_ = '\0';
+
     char16_t const * units_ = nullptr;
     message_slot const * slots_ = nullptr;
     std::size_t mask_ = 0;
