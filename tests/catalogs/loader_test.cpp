@@ -2,8 +2,14 @@
 #include "catalogs/catalog_file_loader.hpp"
 #include "catalogs/catalog_map_event_handler.hpp"
 #include "foundation/ascii.hpp"
+#include "foundation/filesystem/open_file.hpp"
+#include "foundation/hash.hpp"
+#include "foundation/xml_reader.hpp"
 #include "tests/support/temporary_directory.hpp"
 
+#include <algorithm>
+#include <cstring>
+#include <fl/i18n/limits.hpp>
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
@@ -143,6 +149,82 @@ TEST(CatalogLoader, ReadsTheSameTextHoweverTheFileFallsIntoBlocks) {
     test::temporary_directory const directory;
     directory.write(u"c.xml", in_messages(entries));
     EXPECT_EQ(load(directory.path() / u"c.xml"), expected);
+}
+
+/// Takes any document.
+struct any_document final : xml::event_sink {
+    bool on_declaration(char const *, char const *) override { return true; }
+    bool on_start_element(char const *, char const **) override { return true; }
+    bool on_end_element(char const *) override { return true; }
+    bool on_character_data(std::string_view) override { return true; }
+};
+
+bool is_complete(std::string const & document) {
+    test::temporary_directory const directory;
+    directory.write(u"c.xml", document);
+    any_document sink;
+    auto const file = filesystem::open_file(directory.path() / u"c.xml");
+    return xml::read_document(file.get(), nullptr, sink).status == xml::read_status::complete;
+}
+
+std::string times(std::size_t count, std::string const & text) {
+    std::string result;
+    for (; count > 0; --count) {
+        result += text;
+    }
+    return result;
+}
+
+std::string nested(std::size_t depth) {
+    return times(depth, "<a>") + times(depth, "</a>");
+}
+
+/// Returns a document whose text is `lol` ten to a power times.
+std::string laughs(int power) {
+    std::string entities = "<!ENTITY e0 'lol'>";
+    for (int i = 1; i <= power; ++i) {
+        std::string const reference = "&e" + std::to_string(i - 1) + ";";
+        entities += "<!ENTITY e" + std::to_string(i) + " '" + times(10, reference) + "'>";
+    }
+    return "<!DOCTYPE a [" + entities + "]><a>&e" + std::to_string(power) + ";</a>";
+}
+
+TEST(XmlReader, RefusesWhatIsBeyondALimit) {
+    using namespace i18n::limits;
+    EXPECT_TRUE(is_complete(nested(deepest_element)));
+    EXPECT_FALSE(is_complete(nested(deepest_element + 1)));
+    EXPECT_TRUE(is_complete("<a>" + times(deepest_element + 1, "<a/>") + "</a>"));
+
+    std::string tag = "<a k=''/>";
+    tag.insert(6, longest_tag - tag.size(), 'k');
+    EXPECT_TRUE(is_complete(tag));
+    EXPECT_FALSE(is_complete(tag.insert(6, 1, 'k')));
+
+    EXPECT_TRUE(is_complete(laughs(3)));
+    EXPECT_FALSE(is_complete(laughs(5)));
+    std::string const entity = "<!DOCTYPE a [<!ENTITY e '" + std::string(100, 'x') + "'>]>";
+    EXPECT_TRUE(is_complete(entity + "<a>" + times(10'000, "&e;") + "</a>"));
+}
+
+// The first blocks of sixteen bytes are chosen so that what follows them is multiplied by zero, were the hash
+// not begun with what nobody knows.
+TEST(CatalogStore, KeysCannotBeMadeToCollide) {
+    using namespace hash_detail;
+    constexpr std::size_t length = 32;
+    std::string block;
+    std::string cancelling(8, '\0');
+    auto const is_text = [](char c) { return c > ' ' && c < '\x7F'; };
+    for (unsigned i = 0; !std::all_of(cancelling.begin(), cancelling.end(), is_text); ++i) {
+        block = std::to_string(10'000'000 + i) + "abcdefgh";
+        std::uint64_t const h =
+            mix(hash_detail::load<std::uint64_t>(block.data()) ^ multiplier_2,
+                hash_detail::load<std::uint64_t>(block.data() + 8) ^ (length + multiplier_1));
+        std::memcpy(cancelling.data(), &h, sizeof h);
+    }
+    std::string const first = block + "original" + cancelling;
+    std::string const second = block + "imitator" + cancelling;
+    ASSERT_EQ(hash_text(first), hash_text(second));
+    EXPECT_NE(message_texts::hash(first), message_texts::hash(second));
 }
 
 TEST(CatalogHandler, StoresANestedEntryBeforeItFails) {
