@@ -63,14 +63,42 @@ resource_search::match find_file(std::vector<upath> const & roots, std::string_v
 catalog_service::catalog_service(std::function<upath()> install_path)
     : install_path_(std::move(install_path)) {}
 
-bool catalog_service::initialise(std::vector<ustring> const & roots) {
+bool catalog_service::initialise(std::vector<ustring> const & roots,
+                                 std::function<std::vector<std::string>()> const & critical_catalogs) {
     std::lock_guard const lock(mutex_);
-    return initialise_locked(roots);
+    bool const first = roots_.empty();
+    auto directories = usable_roots(roots);
+    roots_.swap(directories);
+    try {
+        if (critical_catalogs) {
+            open_all(critical_catalogs());
+        }
+    } catch (...) {
+        roots_.swap(directories);
+        throw;
+    }
+    return first;
 }
 
-bool catalog_service::initialise_locked(std::vector<ustring> const & roots) {
-    bool const first = roots_.empty();
-    if (first && roots.empty()) {
+// They are cached together, as they were found below roots that do not stay when one cannot be opened.
+void catalog_service::open_all(std::vector<std::string> const & ids) {
+    QzLocale const & locale = QzLocale::global();
+    std::string storage;
+    std::string_view const name = lc_name(locale, QzLocale::LcCategory::messages, storage);
+    std::vector<addition> additions;
+    for (std::string const & id : ids) {
+        hashed_catalog_key const key(id, name);
+        bool const is_listed_before = std::any_of(additions.begin(), additions.end(),
+                                                  [&](addition const & other) { return other.key == key; });
+        if (find_cached(key, nullptr) == nullptr && !is_listed_before) {
+            additions.push_back(load_catalog(key, locale, nullptr));
+        }
+    }
+    store(additions, nullptr);
+}
+
+std::vector<upath> catalog_service::usable_roots(std::vector<ustring> const & roots) const {
+    if (roots_.empty() && roots.empty()) {
         boost::throw_exception(MessageCatalog::MessageCatalogIncorrectRoot());
     }
     std::vector<upath> directories;
@@ -80,8 +108,7 @@ bool catalog_service::initialise_locked(std::vector<ustring> const & roots) {
     if (directories.empty()) {
         boost::throw_exception(MessageCatalog::MessageCatalogIncorrectRoot());
     }
-    roots_ = std::move(directories);
-    return first;
+    return directories;
 }
 
 catalog_service::catalog_pointer catalog_service::get_catalog(std::string_view id, QzLocale const & locale,
@@ -124,20 +151,24 @@ catalog_service::cache_entry * catalog_service::find_cached(hashed_catalog_key c
 catalog_service::catalog_pointer
 catalog_service::add_catalog(hashed_catalog_key const & key, QzLocale const & locale, LookupReport * report) {
     if (roots_.empty()) {
-        initialise_locked({install_path_().string()});
+        roots_ = usable_roots({install_path_().string()});
     }
+    addition const added = load_catalog(key, locale, report);
+    store({&added, 1}, report);
+    return added.catalog;
+}
+
+catalog_service::addition catalog_service::load_catalog(hashed_catalog_key const & key,
+                                                        QzLocale const & locale, LookupReport * report) {
     if (report != nullptr) {
         report->step = LookupStep::find_file;
     }
     auto const found = find_file(roots_, key.id, locale, report);
     std::string const found_locale = ascii::narrow(found.locale_name);
-    hashed_catalog_key const found_key(key.id, found_locale);
     bool const found_for_other = !found.path.empty() && found_locale != key.locale;
     if (found_for_other) {
-        if (cache_entry const * const cached = find_cached(found_key, report)) {
-            catalog_pointer catalog = cached->catalog;
-            store({key}, catalog, report);
-            return catalog;
+        if (cache_entry const * const cached = find_cached({key.id, found_locale}, report)) {
+            return {key, cached->catalog, false};
         }
     }
     auto const catalog = boost::make_shared<MessageCatalogImpl>(std::string(key.id), found.path,
@@ -146,31 +177,32 @@ catalog_service::add_catalog(hashed_catalog_key const & key, QzLocale const & lo
         XMLCatalogFileLoader loader;
         catalog->load(loader, pool_);
     }
-    if (found_for_other) {
-        store({key, found_key}, catalog, report);
-    } else {
-        store({key}, catalog, report);
-    }
-    return catalog;
+    return {key, catalog, found_for_other};
 }
 
-// All keys or none: a table may have to grow even for what it has reserved room for.
-void catalog_service::store(std::initializer_list<hashed_catalog_key> keys, catalog_pointer const & catalog,
-                            LookupReport * report) {
+// All or none: a table may have to grow even for what it has reserved room for.
+void catalog_service::store(std::span<addition const> additions, LookupReport * report) {
+    std::vector<std::pair<hashed_catalog_key, addition const *>> entries;
+    for (addition const & added : additions) {
+        entries.emplace_back(added.key, &added);
+        if (added.found_for_other) {
+            entries.emplace_back(hashed_catalog_key(added.key.id, added.catalog->locale()), &added);
+        }
+    }
     try {
-        for (auto const & key : keys) {
-            cache_.try_emplace(stored_catalog_key(key), cache_entry{catalog, catalog->texts()});
+        for (auto const & [key, added] : entries) {
+            cache_.try_emplace(stored_catalog_key(key), cache_entry{added->catalog, added->catalog->texts()});
         }
     } catch (...) {
-        for (auto const & key : keys) {
-            cache_.erase(key);
+        for (auto const & entry : entries) {
+            cache_.erase(entry.first);
         }
         throw;
     }
     if (report != nullptr) {
         for (auto & consulted : report->cache_keys) {
-            consulted.stored = std::any_of(keys.begin(), keys.end(), [&](catalog_key const & key) {
-                return key.joined() == consulted.key;
+            consulted.stored = std::any_of(entries.begin(), entries.end(), [&](auto const & entry) {
+                return entry.first.joined() == consulted.key;
             });
         }
     }

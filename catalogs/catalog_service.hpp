@@ -11,7 +11,7 @@
 #include <fl/i18n/locale.hpp>
 #include <fl/i18n/lookup_report.hpp>
 #include <functional>
-#include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,7 +29,10 @@ public:
     /// `install_path` supplies the root for a lookup before any initialisation.
     explicit catalog_service(std::function<filesystem::upath()> install_path);
 
-    bool initialise(std::vector<ustring> const & roots);
+    /// Sets the roots and opens the catalogs that `critical_catalogs` names, which is asked once the roots
+    /// are found good. Roots and cache stay as they were when anything fails.
+    bool initialise(std::vector<ustring> const & roots,
+                    std::function<std::vector<std::string>()> const & critical_catalogs = {});
     /// Writes what it does into `report`, if there is one.
     catalog_pointer get_catalog(std::string_view id, QzLocale const & locale,
                                 LookupReport * report = nullptr);
@@ -48,14 +51,21 @@ private:
     };
     using cache =
         boost::unordered_flat_map<stored_catalog_key, cache_entry, catalog_key_hash, catalog_key_equal>;
+    /// A catalog that is to be cached for a key, none of whose keys is cached.
+    struct addition {
+        hashed_catalog_key key;
+        catalog_pointer catalog;
+        bool found_for_other; ///< also for the locale that it was found for
+    };
     enum class removal { done, no_path, no_resources, not_listed };
 
-    bool initialise_locked(std::vector<ustring> const & roots);
+    std::vector<filesystem::upath> usable_roots(std::vector<ustring> const & roots) const;
+    void open_all(std::vector<std::string> const & ids);
     cache_entry * find_cached(hashed_catalog_key const & key, LookupReport * report);
     catalog_pointer add_catalog(hashed_catalog_key const & key, QzLocale const & locale,
                                 LookupReport * report);
-    void store(std::initializer_list<hashed_catalog_key> keys, catalog_pointer const & catalog,
-               LookupReport * report);
+    addition load_catalog(hashed_catalog_key const & key, QzLocale const & locale, LookupReport * report);
+    void store(std::span<addition const> additions, LookupReport * report);
     removal try_to_remove(ustring const & location);
 
     std::function<filesystem::upath()> install_path_;

@@ -36,7 +36,8 @@ std::vector<ustring> const & MessageSearchPath::GetSearchPaths() const {
 }
 
 void MessageSearchPath::UpdateConfig(std::vector<ustring> const & paths) {
-    paths_ = paths;
+    // Assigning would leave some of the old paths behind when there is no memory for all.
+    std::vector<ustring>(paths).swap(paths_);
 }
 
 } // namespace fl::i18n::messagecatalog

@@ -3,6 +3,8 @@
 #include "foundation/filesystem/open_file.hpp"
 #include "foundation/xml_reader.hpp"
 
+#include <boost/throw_exception.hpp>
+#include <new>
 #include <utility>
 
 namespace fl::i18n {
@@ -42,7 +44,11 @@ bool parse_file(filesystem::upath const & path, ExpatEventHandler & handler) {
         return false;
     }
     handler_sink sink(handler);
-    return xml::read_document(file.get(), handler.encoding(), sink).status == xml::read_status::complete;
+    auto const status = xml::read_document(file.get(), handler.encoding(), sink).status;
+    if (status == xml::read_status::no_parser) {
+        boost::throw_exception(std::bad_alloc());
+    }
+    return status == xml::read_status::complete;
 }
 
 } // namespace fl::i18n

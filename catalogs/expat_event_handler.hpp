@@ -31,7 +31,8 @@ private:
 };
 
 /// Reads a file. Returns false when it is missing, unreadable or malformed, or when the handler has stopped
-/// the reading; exceptions of the handler pass through.
+/// the reading; exceptions of the handler pass through. Throws `std::bad_alloc`, which says nothing of the
+/// file.
 bool parse_file(filesystem::upath const & path, ExpatEventHandler & handler);
 
 } // namespace fl::i18n

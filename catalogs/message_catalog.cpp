@@ -36,14 +36,17 @@ bool MessageCatalog::MessageCatalogInit(std::vector<ustring> const & roots) {
 
 bool MessageCatalog::MessageCatalogInit(std::vector<ustring> const & roots,
                                         std::vector<BaseCatalogID const *> const & criticalCatalogs) {
-    bool const first = MessageCatalogInit(roots);
-    for (BaseCatalogID const * const id : criticalCatalogs) {
-        if (id == nullptr) {
-            boost::throw_exception(CatalogID::badCatalogIDException());
+    return process_catalog_service().initialise(roots, [&criticalCatalogs] {
+        std::vector<std::string> ids;
+        for (BaseCatalogID const * const id : criticalCatalogs) {
+            if (id == nullptr) {
+                boost::throw_exception(CatalogID::badCatalogIDException());
+            }
+            ids.push_back(
+                CatalogID(resource_core::makeInternalCatalogName(id->getCatalogID())).getCatalogID());
         }
-        openCatalog(*id);
-    }
-    return first;
+        return ids;
+    });
 }
 
 bool MessageCatalog::MessageCatalogInit(ustring const & root,
@@ -55,13 +58,15 @@ bool MessageCatalog::MessageCatalogInitFromConfigManager() {
     auto const & registry = messagecatalog::ConfigurationManagerFactory::Get();
     auto const search_path = registry.GetSearchPath();
     auto const critical = registry.FindCriticalCatalogs();
-    bool const first = MessageCatalogInit(search_path.GetSearchPaths());
-    if (critical) {
-        for (CatalogID const & id : critical->GetCriticalCatalogIds()) {
-            GetMessageCatalog(id);
+    return process_catalog_service().initialise(search_path.GetSearchPaths(), [&critical] {
+        std::vector<std::string> ids;
+        if (critical) {
+            for (CatalogID const & id : critical->GetCriticalCatalogIds()) {
+                ids.push_back(id.getCatalogID());
+            }
         }
-    }
-    return first;
+        return ids;
+    });
 }
 
 boost::shared_ptr<MessageCatalog const> MessageCatalog::GetMessageCatalog(CatalogID const & id,

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <boost/numeric/conversion/cast.hpp>
+#include <boost/throw_exception.hpp>
 #include <exception>
 #include <fl/i18n/limits.hpp>
 #include <memory>
+#include <new>
 #include <type_traits>
 
 // Without it the header of Expat hides the protection against entities that grow, which the library has.
@@ -78,7 +80,11 @@ void XMLCALL character_data(void * user_data, char const * text, int length) {
     });
 }
 
+/// Throws `std::bad_alloc` where the document is not to blame.
 read_result malformed(XML_Parser parser, XML_Error error) {
+    if (error == XML_ERROR_NO_MEMORY) {
+        boost::throw_exception(std::bad_alloc());
+    }
     return {read_status::malformed, static_cast<int>(error), XML_GetCurrentLineNumber(parser),
             XML_GetCurrentColumnNumber(parser)};
 }

@@ -43,7 +43,7 @@ char const * find_attribute(char const ** attributes, std::string_view name);
 /// Reads the document in `file`, from its current position to its end, in blocks of 1024 bytes.
 ///
 /// `forced_encoding` overrides what the document declares; null honours the declaration and the byte-order
-/// mark.
+/// mark. Throws `std::bad_alloc` also when the parser has no memory to go on.
 read_result read_document(std::FILE * file, char const * forced_encoding, event_sink & sink);
 
 } // namespace fl::xml

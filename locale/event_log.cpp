@@ -21,6 +21,14 @@ void event_log::add(std::string_view source, std::string_view message) {
     append(make_entry(source, message));
 }
 
+void event_log::add(std::initializer_list<std::pair<std::string_view, std::string_view>> events) {
+    event_log changed = *this;
+    for (auto const & [source, message] : events) {
+        changed.add(source, message);
+    }
+    std::swap(*this, changed);
+}
+
 void event_log::add_error(std::string_view source, std::string_view message, int status) {
     std::string entry = make_entry(source, message);
     entry += separator;

@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <deque>
+#include <initializer_list>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace fl::i18n::lcmgmt {
@@ -18,6 +20,9 @@ public:
 
     /// Adds "source - message". Nothing is changed when this throws.
     void add(std::string_view source, std::string_view message);
+
+    /// Adds an entry for each source with its message, or none when there is no memory for all.
+    void add(std::initializer_list<std::pair<std::string_view, std::string_view>> events);
 
     /// Adds "source - message - status", as `add` does.
     void add_error(std::string_view source, std::string_view message, int status);

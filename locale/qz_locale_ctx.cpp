@@ -258,8 +258,8 @@ void QzLocaleCtx::switch_l10n_off() {
     }
     records[messages_index] = {classic_name, {}};
     publication next = prepare(std::move(records));
-    log_.add(change_source, "Locale setting was changed to disable L10n.");
-    log_.add(l10n_source, "L10n was disabled.");
+    log_.add({{change_source, "Locale setting was changed to disable L10n."},
+              {l10n_source, "L10n was disabled."}});
     l10n_disabled_ = true;
     next.localised = false;
     publish(next);

@@ -39,9 +39,12 @@ upath resource_finder::find(ustring const & pattern, QzLocale const & locale, us
                             std::string & found_locale) const {
     // The end of the finder's own chain tells which default it was made with.
     bool const use_classic_default = !locale_names_.back().empty();
-    upath path = find(pattern, resource_search::locale_names(locale, use_classic_default), formatter);
-    found_locale = found_locale_;
-    return path;
+    auto const names = resource_search::locale_names(locale, use_classic_default);
+    resource_search::match found = resource_search::find({base_paths_, pattern, formatter, names});
+    std::string name = ascii::narrow(found.locale_name);
+    found_locale = name; // the last step that may fail
+    found_locale_ = std::move(name);
+    return std::move(found.path);
 }
 
 upath resource_finder::find(ustring const & pattern, QzLocale const & locale,

@@ -10,15 +10,22 @@ namespace fl::platform {
 
 namespace {
 
-/// Returns the stream, or closes that of a directory: here the C library opens one for reading.
+/// Returns the stream, or closes that of a directory, or of what may be one: here the C library opens one for
+/// reading.
 std::FILE * refuse_directory(std::FILE * stream) {
     struct stat information;
-    if (stream && ::fstat(::fileno(stream), &information) == 0 && S_ISDIR(information.st_mode)) {
-        std::fclose(stream);
-        errno = EISDIR;
+    if (!stream) {
         return nullptr;
     }
-    return stream;
+    int const code = ::fstat(::fileno(stream), &information) != 0 ? errno
+                     : S_ISDIR(information.st_mode)               ? EISDIR
+                                                                  : 0;
+    if (code == 0) {
+        return stream;
+    }
+    std::fclose(stream);
+    errno = code;
+    return nullptr;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "platform/testing/file_faults.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -54,11 +55,11 @@ bool has_failed = false;
 std::size_t fault_number = 0;
 int fault_error = 0;
 std::FILE * failed_stream = nullptr;
-std::vector<system_function const *> calls;
+std::array<system_function const *, 1 << 16> calls; // without memory that would have to be allocated
+std::size_t call_count = 0;
 
 void start() {
-    calls.clear();
-    calls.reserve(1 << 16);
+    call_count = 0;
     has_failed = false;
     failed_stream = nullptr;
     is_active = true;
@@ -69,8 +70,8 @@ bool fails(system_function const & function) {
     if (!is_active) {
         return false;
     }
-    std::size_t const number = calls.size();
-    calls.push_back(&function);
+    std::size_t const number = call_count++;
+    calls.at(number) = &function;
     if (!has_fault || number < fault_number || (number > fault_number && !all_further)) {
         return false;
     }
@@ -102,7 +103,7 @@ void stop_faults() {
 
 std::vector<system_function const *> end_faults() {
     stop_faults();
-    return std::exchange(calls, {});
+    return {calls.data(), calls.data() + call_count};
 }
 
 hold_faults::hold_faults()

@@ -100,7 +100,7 @@ constexpr char small_database[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 std::string large_database() {
     std::string text = "<lcdata>";
-    for (unsigned i = 0; i < 60; ++i) {
+    for (unsigned i = 0; i < 800; ++i) {
         std::string const name =
             "q" + std::string(1, static_cast<char>('a' + i % 26)) + "_" + std::to_string(i);
         text += "<locale name='" + name + "' encoding='ISO-8859-1' xpg_name='" + name +
@@ -108,7 +108,7 @@ std::string large_database() {
                 "'/><region_alias name='region_of_some_length_" + name + "'/><l10n disable='no'/></locale>";
     }
     text += "<codeset>";
-    for (unsigned i = 0; i < 20; ++i) {
+    for (unsigned i = 0; i < 80; ++i) {
         std::string const name = "X-Encoding-Of-Ours-" + std::to_string(i);
         text += "<encoding name='" + name + "' jvm_encoding='" + name +
                 "J' compat='ISO-8859-3'><encoding_alias name='" + name + "-alias'/></encoding>";
@@ -123,9 +123,9 @@ fault_files::fault_files() {
     directory_ = ::mkdtemp(pattern.data());
     write("one/resources/app/ja/ui.xml", catalog_file("ja", 40));
     write("one/resources/app/ja/bad.xml", "<rsccat><message><entry key='k'>");
-    for (unsigned i = 0; i < 6; ++i) {
+    for (unsigned i = 0; i < critical_catalogs; ++i) {
         write("one/resources/app/ja_JP/critical" + std::to_string(i) + ".xml",
-              catalog_file("ja", 3 + 20 * i));
+              catalog_file("ja", 3 + 12 * i));
     }
     write("two/resources/app/ja_JP/extra.xml", catalog_file("ja_JP", 4));
     write("two/resources/app/ja_JP/a_sub_component_with_a_name_that_is_long/ui.xml",

@@ -8,6 +8,9 @@
 
 namespace fl::test {
 
+/// How many catalogs "app:critical0" and so on there are.
+inline constexpr unsigned critical_catalogs = 8;
+
 /// The files of the scenarios, in a directory that is removed with the object.
 ///
 /// Roots are "one", "two" and "more"; "small.xml", "large.xml" and "bad.xml" are locale databases.

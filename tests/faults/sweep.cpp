@@ -140,7 +140,7 @@ private:
         t = what_.prepare(files_);
         good_ = run(t);
         after_ = state(t);
-        if (good_.how != end::answer) {
+        if (good_.how != end::answer && std::find(states_.begin(), states_.end(), after_) == states_.end()) {
             check("an action that is refused", states_.front(), after_);
         }
     }

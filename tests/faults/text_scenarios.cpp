@@ -108,11 +108,12 @@ trial change_mode(fault_files const &) {
         }
     };
     return {[=] {
-                converter->change_call_back(To, std::string(20, '*'));
+                converter->change_call_back(To, To == call_back_substitute ? "*" : std::string(200, '*'));
                 done();
                 return show();
             },
-            show};
+            show,
+            {[=] { converter->reset_call_back(); }}};
 }
 
 trial terminal(fault_files const &) {
@@ -322,6 +323,7 @@ std::vector<scenario> text_scenarios() {
         {"open an unknown encoding", unknown_encoding, {"Invalid encoding"}},
         {"change a mode from stopping", change_mode<call_back_stop, call_back_escape_c>},
         {"change a mode from escapes", change_mode<call_back_escape_c, call_back_substitute>},
+        {"refuse a mode", change_mode<call_back_escape_c, call_back_skip>, {"Non-supported mode"}},
         {"change a mode to default", change_mode<call_back_stop, call_back_default>},
         {"convert for a terminal", terminal},
         {"encode for Java", java},
