@@ -25,12 +25,16 @@ constexpr bool classic_default = true;
 
 constinit process_singleton<catalog_service> process_service;
 
-/// Returns a directory in native form; empty when the text is no path.
+/// Returns a directory in absolute native form; empty when the text is no path, or a relative one while the
+/// current directory cannot be told: it would be another directory later.
 upath native_directory(ustring const & text) {
     if (text.find(u'\0') != ustring::npos) {
         return {};
     }
     std::wstring directory = filesystem::make_native_form(text, true);
+    if (!filesystem::is_absolute(directory)) {
+        return {};
+    }
     // "x\\" is the directory "x"; a root keeps its separator.
     constexpr std::size_t longest_root = std::wstring_view(L"C:\\").size();
     while (directory.size() > longest_root && directory.back() == L'\\') {

@@ -1,8 +1,12 @@
 #include "lookup/resource_search.hpp"
 
+#include "platform/platform.hpp"
+
 #include <algorithm>
+#include <boost/throw_exception.hpp>
 #include <fl/filesystem/exceptions.hpp>
 #include <fl/i18n/fallback_locales.hpp>
+#include <new>
 #include <string_view>
 
 namespace fl::i18n::resource_search {
@@ -25,10 +29,15 @@ ustring localise(query const & what, std::size_t marker_begin, ustring const & l
     return before + locale_name + what.pattern.substr(marker_begin + what.marker.size());
 }
 
-/// One directory that cannot be looked into must not hide what the others hold.
+/// One directory that cannot be looked into, or be told, must not hide what the others hold.
 bool is_there(upath const & path) {
     try {
-        return filesystem::exists(path);
+        return is_absolute(path) && filesystem::exists(path);
+    } catch (filesystem::SystemError const & error) {
+        if (error.code() == platform::error::not_enough_memory) {
+            boost::throw_exception(std::bad_alloc()); // which says nothing of the file
+        }
+        return false;
     } catch (filesystem::FsysExceptionBase const &) {
         return false;
     }

@@ -93,6 +93,16 @@ trial lookup_by_long_id(fault_files const &) {
             forgets({long_catalog})};
 }
 
+template <std::size_t Number>
+trial load(fault_files const &) {
+    static CatalogID const ids[] = {CatalogID("app:utf16"), CatalogID("app:entities"),
+                                    CatalogID("app:large")};
+    return {[] { return answer(MessageCatalog::GetMessageCatalog(ids[Number])->text("Plain")); },
+            [] { return std::string(); },
+            {[] { MessageCatalog::GetMessageCatalog(ids[Number]); }},
+            forgets({ids[Number].getCatalogID()})};
+}
+
 trial lookup_in_further_locale(fault_files const &) {
     MessageCatalog::GetMessageCatalog(CatalogID("app:ui"));
     std::shared_ptr<QzLocale const> const locale = QzLocale::createLocale("ja_XX");
@@ -108,9 +118,10 @@ trial lookup_in_further_locale(fault_files const &) {
 
 trial lookup_of_nothing(fault_files const &) {
     auto const id = std::make_shared<MessageID>("app:bad:k");
+    // A malformed catalog stays known as such.
     return {[id] { return answer(MessageCatalog::get_message(*id)); },
             [] { return std::string(); },
-            {},
+            {[] { MessageCatalog::GetMessageCatalog(CatalogID("app:bad")); }},
             forgets({"app:bad"})};
 }
 
@@ -119,6 +130,12 @@ trial initialise(fault_files const & files) {
     auto const roots = std::make_shared<std::vector<ustring>>(
         std::vector{files.path("more"), files.path("none"), files.path("two") + u'\\', files.path("one")});
     return {[roots] { return answer(MessageCatalog::MessageCatalogInit(*roots)); }};
+}
+
+/// The program stands in the directory of the files.
+trial initialise_relative(fault_files const &) {
+    use_catalogs();
+    return {[] { return answer(MessageCatalog::MessageCatalogInit(u"more")); }};
 }
 
 /// The initialisation with critical catalogs of which some are cached.
@@ -343,9 +360,13 @@ std::vector<scenario> catalog_scenarios() {
     return {
         {"first lookup", first_lookup, {not_loaded}, {}, true},
         {"lookup by a long identifier", lookup_by_long_id, {not_loaded}, {}, true},
+        {"load a catalog in UTF-16", load<0>, {not_loaded}, {}, true},
+        {"load a catalog with entities", load<1>, {not_loaded}, {}, true},
+        {"load a large catalog", load<2>, {not_loaded}, {}, true},
         {"lookup in a further locale", lookup_in_further_locale, {not_loaded}, {}, true},
         {"lookup in a malformed catalog", lookup_of_nothing, {not_loaded}, {}, true},
         {"initialise", initialise, {not_usable}, {}, true},
+        {"initialise with a relative root", initialise_relative, {not_usable}},
         {"initialise with critical catalogs", initialise_with_catalogs, {not_usable}, {}, true},
         {"initialise with a bad catalog identifier", initialise_with_bad_catalog, {bad_id, not_usable}},
         {"initialise with no catalog identifier", initialise_with_null_catalog, {bad_id, not_usable}},

@@ -69,12 +69,16 @@ int run_point(first_use const & use, fault_files const & files, std::uint64_t nu
         return 2;
     }
     std::string const found = aftermath(use, files);
-    if (!is_good || found != expected) {
+    // The start-up goes on where there is no memory for the parser, and says so.
+    bool const is_documented =
+        found.find("Failed to create the parser for the XML locale database.") != found.npos;
+    is_good = is_good && (found == expected || is_documented);
+    if (!is_good) {
         std::printf("FAILED first use of %s, allocation %llu: %s\n", use.name,
                     static_cast<unsigned long long>(number), difference(expected, found).c_str());
     }
     std::fflush(stdout);
-    return is_good && found == expected ? 0 : 1;
+    return is_good ? 0 : 1;
 }
 
 /// Runs a function in a new process and returns its status, and what it wrote to the pipe.

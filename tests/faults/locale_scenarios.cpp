@@ -2,6 +2,7 @@
 
 #include "locale/qz_locale_ctx.hpp"
 
+#include <algorithm>
 #include <fl/i18n/environment.hpp>
 #include <fl/i18n/fallback_locales.hpp>
 #include <fl/i18n/locale.hpp>
@@ -33,6 +34,9 @@ std::string answer(std::shared_ptr<QzLocale const> const & locale) {
     return text;
 }
 
+constexpr char no_parser[] = "QzLocaleCtx::initLocaleMgmt::parseLcData - "
+                             "Failed to create the parser for the XML locale database.";
+
 /// The start-up with a database, whose whole outcome is the answer.
 trial start_up(fault_files const & files, char16_t const * database) {
     auto const inputs = std::make_shared<lcmgmt::startup_inputs>();
@@ -45,10 +49,13 @@ trial start_up(fault_files const & files, char16_t const * database) {
     return {[inputs] {
         lcmgmt::QzLocaleCtx const context(*inputs);
         done();
-        std::string text = "status " + std::to_string(context.status()) + ' ' +
+        auto const events = context.events();
+        bool const has_parser = std::find(events.begin(), events.end(), no_parser) == events.end();
+        std::string text = (has_parser ? "" : "failed to create the parser, ") +
+                           ("status " + std::to_string(context.status())) + ' ' +
                            context.global().getXpgName() + ' ' +
                            context.system().getLcName(LcCategory::messages);
-        for (auto const & event : context.events()) {
+        for (auto const & event : events) {
             text += '\n' + event;
         }
         for (char const * const name : {"xx_YY", "ex", "qa_0", "an_alias_of_some_length_qh_59"}) {
@@ -190,9 +197,9 @@ std::vector<scenario> locale_scenarios() {
     // A database that cannot be read is no failure of the start-up, but an event.
     std::vector<std::string> const defaults = {"status 1"};
     return {
-        {"start up with a small database", start_up_small, {}, defaults},
-        {"start up with a large database", start_up_large, {}, defaults},
-        {"start up with a bad database", start_up_bad, {}, defaults},
+        {"start up with a small database", start_up_small, {"failed to create the parser"}, defaults},
+        {"start up with a large database", start_up_large, {"failed to create the parser"}, defaults},
+        {"start up with a bad database", start_up_bad, {"failed to create the parser"}, defaults},
         {"start up without a database", start_up_missing, {}, defaults},
         {"read the system's settings", read_system, {}, {"ja_JP.UTF-84failed"}},
         {"create a locale", create},

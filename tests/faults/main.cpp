@@ -56,6 +56,7 @@ int main(int argc, char ** argv) {
     for (char const * const name : {"LC_ALL", "LANG"}) {
         ::setenv(name, "ja_JP.UTF-8", 1);
     }
+    std::filesystem::current_path(tree.name(""));
     std::vector<tally> tallies;
     if (all || allocations) {
         tally first_uses{"allocation faults"};

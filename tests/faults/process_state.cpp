@@ -123,6 +123,18 @@ fault_files::fault_files() {
     directory_ = ::mkdtemp(pattern.data());
     write("one/resources/app/ja/ui.xml", catalog_file("ja", 40));
     write("one/resources/app/ja/bad.xml", "<rsccat><message><entry key='k'>");
+    write("one/resources/app/ja/large.xml", catalog_file("ja", 600));
+    write(
+        "one/resources/app/ja/entities.xml",
+        "<!DOCTYPE rsccat [<!ENTITY name 'a text of some length'><!ENTITY both '&name; and &name;'>"
+        "<!ATTLIST entry note CDATA 'none'>]><rsccat><message><entry key='Plain' note='&both;'>A &both; and "
+        "<![CDATA[<raw>]]><!-- a remark --></entry></message></rsccat>");
+    std::string wide = "\xff\xfe";
+    for (char const c :
+         std::string_view("<rsccat><message><entry key='Plain'>A text</entry></message></rsccat>")) {
+        wide += {c, '\0'};
+    }
+    write("one/resources/app/ja/utf16.xml", wide);
     for (unsigned i = 0; i < critical_catalogs; ++i) {
         write("one/resources/app/ja_JP/critical" + std::to_string(i) + ".xml",
               catalog_file("ja", 3 + 12 * i));

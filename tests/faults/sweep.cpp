@@ -4,6 +4,7 @@
 #include "tests/faults/allocation_faults.hpp"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <exception>
 #include <fl/filesystem/exceptions.hpp>
@@ -16,6 +17,9 @@ namespace fl::test {
 namespace {
 
 constexpr char file_error[] = "an error of the file system";
+
+/// What fails: an allocation, a query that says that there is no memory, or another call of the system.
+enum class fault { allocation, call_without_memory, call };
 
 enum class end { answer, error, no_memory };
 
@@ -36,8 +40,9 @@ std::set<std::string> lines_of(std::string const & text) {
 }
 
 bool begins_with_one_of(std::string const & text, std::vector<std::string> const & beginnings) {
-    return std::any_of(beginnings.begin(), beginnings.end(),
-                       [&](std::string const & beginning) { return text.starts_with(beginning); });
+    return std::any_of(beginnings.begin(), beginnings.end(), [&](std::string const & beginning) {
+        return beginning.empty() ? text.empty() : text.starts_with(beginning);
+    });
 }
 
 /// Tells whether a state is another, but for catalogs that are known as not loaded and roots left out.
@@ -47,11 +52,11 @@ bool is_but_for_files(std::string const & state, std::string const & other) {
     auto const is_free = [](std::string const & line) {
         return line.starts_with("root ") || line.starts_with("cached ");
     };
-    auto const is_known = [&](std::string const & line) {
+    auto const is_there = [&](std::string const & line) {
         return others.contains(line) ||
                (line.starts_with("cached ") && line.find(" not loaded ") != line.npos);
     };
-    return std::all_of(lines.begin(), lines.end(), is_known) &&
+    return std::all_of(lines.begin(), lines.end(), is_there) &&
            std::all_of(others.begin(), others.end(),
                        [&](std::string const & line) { return is_free(line) || lines.contains(line); });
 }
@@ -71,7 +76,7 @@ public:
 
     /// Runs the action after `arm` and judges how it ended, if the fault has happened.
     template <class Arm, class HasHappened>
-    void try_point(std::string const & point, bool is_file_fault, Arm arm, HasHappened has_happened) {
+    void try_point(std::string const & point, fault kind, Arm arm, HasHappened has_happened) {
         renew_process_state(files_);
         auto const blocks = live_blocks();
         int const open_files = open_files_mark();
@@ -83,7 +88,7 @@ public:
                 return;
             }
             ++result_.points;
-            judge(point, is_file_fault, found, state(t));
+            judge(point, kind, found, state(t));
             if (found != good_) {
                 t.recover();
                 outcome const again = run(t);
@@ -140,29 +145,37 @@ private:
         t = what_.prepare(files_);
         good_ = run(t);
         after_ = state(t);
-        if (good_.how != end::answer && std::find(states_.begin(), states_.end(), after_) == states_.end()) {
+        if (good_.how != end::answer && !is_known(after_)) {
             check("an action that is refused", states_.front(), after_);
         }
     }
 
-    void judge(std::string const & point, bool is_file_fault, outcome const & found,
-               std::string const & now) {
+    /// Tells whether a state is one in which an action that failed may leave the process.
+    bool is_known(std::string const & now) const {
+        return std::find(states_.begin(), states_.end(), now) != states_.end();
+    }
+
+    void judge(std::string const & point, fault kind, outcome const & found, std::string const & now) {
+        bool const may_differ =
+            kind == fault::call || (kind == fault::call_without_memory && what_.goes_on_without_memory);
         if (found == good_) {
-            check(point + ", the state after success", after_, now, is_file_fault);
+            check(point + ", the state after success", after_, now, may_differ);
         } else if (found.how == end::answer) {
-            if (!is_file_fault || !begins_with_one_of(found.text, what_.other_answers)) {
+            if (!may_differ || !begins_with_one_of(found.text, what_.other_answers)) {
                 check(point + ", the answer", good_.text, found.text);
             }
-            check(point + ", the state after another answer", after_, now, is_file_fault);
+            if (!is_known(now)) {
+                check(point + ", the state after another answer", after_, now, may_differ);
+            }
         } else {
             bool const is_documented =
                 found.how == end::no_memory || begins_with_one_of(found.text, what_.errors) ||
-                (is_file_fault && begins_with_one_of(found.text, {file_error, "failed"}));
+                (kind != fault::allocation && begins_with_one_of(found.text, {file_error, "failed"}));
             if (!is_documented) {
                 result_.fail(std::string(what_.name) + ", " + point + ": ends with " + found.text);
             }
-            if (std::find(states_.begin(), states_.end(), now) == states_.end()) {
-                check(point + ", the state after failure", states_.front(), now, is_file_fault);
+            if (!is_known(now)) {
+                check(point + ", the state after failure", states_.front(), now, may_differ);
             }
         }
     }
@@ -233,7 +246,7 @@ tally sweep_allocations(std::vector<scenario> const & scenarios, fault_files con
                 if (number++ % options.stride == 0) {
                     e.try_point(
                         "allocation " + std::to_string(n) + (and_all_further ? " and all further" : ""),
-                        false, [&] { fail_allocation(n, and_all_further); },
+                        fault::allocation, [&] { fail_allocation(n, and_all_further); },
                         [&] { return end_allocation_faults() >= n; });
                 }
             }
@@ -260,12 +273,14 @@ tally sweep_files(std::vector<scenario> const & scenarios, fault_files const & f
         std::uint64_t const before = result.points;
         for (std::size_t n = 0; n < calls.size(); ++n) {
             for (int const error : calls[n]->errors) {
+                bool const is_query = calls[n]->name == std::string("stat");
+                auto const kind = is_query && error == ENOMEM ? fault::call_without_memory : fault::call;
                 for (bool const and_all_further : {false, true}) {
                     if (number++ % options.stride == 0) {
                         e.try_point(
                             "call " + std::to_string(n) + " of " + calls[n]->name + " with error " +
                                 std::to_string(error) + (and_all_further ? " and all further" : ""),
-                            true, [&] { testing::fail_call(n, error, and_all_further); },
+                            kind, [&] { testing::fail_call(n, error, and_all_further); },
                             testing::call_has_failed);
                     }
                 }

@@ -34,6 +34,8 @@ struct scenario {
     std::vector<std::string> other_answers = {};
     /// Whether a fault of a file may leave a catalog known as not loaded, or a root out.
     bool may_lack_files = false;
+    /// Whether these hold also when a query says that there is no memory.
+    bool goes_on_without_memory = false;
 };
 
 /// What a sweep is to do.

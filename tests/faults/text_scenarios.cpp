@@ -150,11 +150,6 @@ trial normalise(fault_files const &) {
     }};
 }
 
-struct found {
-    upath path;
-    std::string locale;
-};
-
 /// A finder, its last search, and what a caller got of it.
 struct finder_state {
     resource_finder finder;
@@ -187,9 +182,14 @@ trial find_resource(fault_files const & files) {
     return {[state] {
                 auto const locale = QzLocale::createLocale("xx_with_a_name_that_is_no_short_string");
                 upath const path = state->finder.find(u"%S\\ui.xml", *locale, state->found_locale);
+                done();
                 return answer(path.string());
             },
-            show(state)};
+            show(state),
+            {[state] {
+                // As after a search that finds nothing.
+                state->finder.find(u"%S\\none.xml", QzLocale::global(), state->found_locale);
+            }}};
 }
 
 trial find_by_list(fault_files const & files) {
@@ -198,6 +198,15 @@ trial find_by_list(fault_files const & files) {
         std::string locale;
         return answer(
             resource_finder::find_resource(*paths, u"%S\\ui.xml", locale, QzLocale::global(), true).string());
+    }};
+}
+
+/// The program stands in the directory of the files.
+trial find_relative(fault_files const &) {
+    return {[] {
+        auto const locale = QzLocale::createLocale("ja_JP");
+        return answer(
+            resource_finder::find_resource(u"one\\resources\\app\\%S\\ui.xml", *locale, true).string());
     }};
 }
 
@@ -329,8 +338,9 @@ std::vector<scenario> text_scenarios() {
         {"encode for Java", java},
         {"map letter case", letter_case},
         {"normalise", normalise},
-        {"find a resource", find_resource, {}, {"", "/"}},
+        {"find a resource", find_resource, {}, {""}},
         {"find a resource in a list", find_by_list, {}, {""}},
+        {"find a relative resource", find_relative, {}, {""}},
         {"add a base path", add_base_path},
         {"remove a base path", remove_base_path},
         {"open a file", open_file},
@@ -338,7 +348,7 @@ std::vector<scenario> text_scenarios() {
         {"open a directory", open_directory},
         {"reopen a file", reopen_file},
         {"make a temporary file", temporary_file},
-        {"find the temporary directory", temporary_directory, {}, {"\\tmp"}},
+        {"find the temporary directory", temporary_directory, {}, {"\\tmp"}, false, true},
         {"set the time of a file", set_time},
         {"make path forms", path_forms, {}, {"/a"}},
     };

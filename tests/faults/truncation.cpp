@@ -13,14 +13,14 @@ using namespace i18n;
 
 namespace {
 
-constexpr char comment[] = "a remark in which a byte may be any character";
+constexpr char comment[] = " a remark in which a byte may be any character ";
 constexpr char raw_text[] = "raw text";
 
 std::string model_catalog() {
     return std::string("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<rsccat version=\"1.0\" locale=\"ja\">\n "
                        " <message>\n"
-                       "    <entry key=\"One\">The first {0} \\u00e9</entry>\n    <!-- ") +
-           comment + " -->\n    <entry key=\"Two\"><![CDATA[" + raw_text +
+                       "    <entry key=\"One\">The first {0} \\u00e9</entry>\n    <!--") +
+           comment + "-->\n    <entry key=\"Two\"><![CDATA[" + raw_text +
            "]]></entry>\n    <entry key='Three'>\xe3\x81\x82 &amp; &#x3042;</entry>\n  "
            "</message>\n</rsccat>\n";
 }
@@ -70,13 +70,13 @@ std::string model_of_changed(std::string text, std::size_t position, char byte) 
     return malformed;
 }
 
-constexpr char database_comment[] = "a remark of any characters";
+constexpr char database_comment[] = " a remark of any characters ";
 
 std::string model_database() {
     return std::string("<?xml version='1.0' encoding='utf-8'?>\n<lcdata>\n <locale name='q1_AA' "
-                       "encoding='KOI8-R'/>\n <!-- ") +
+                       "encoding='KOI8-R'/>\n <!--") +
            database_comment +
-           " -->\n <locale name='q2_AA' encoding='EUC-JP' xpg_name='q2'><alias name='q3'/></locale>\n"
+           "-->\n <locale name='q2_AA' encoding='EUC-JP' xpg_name='q2'><alias name='q3'/></locale>\n"
            " <locale name='q4_AA' encoding='Big5'/>\n</lcdata>\n";
 }
 
