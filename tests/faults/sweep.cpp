@@ -229,6 +229,32 @@ std::string difference(std::string const & expected, std::string const & found) 
     return "\n    expected " + a.substr(0, 300) + "\n    found    " + b.substr(0, 300);
 }
 
+std::string text_of(bool answer) {
+    return answer ? "true" : "false";
+}
+std::string text_of(int answer) {
+    return answer == 0 ? "0" : "failed " + std::to_string(answer);
+}
+std::string text_of(std::string const & answer) {
+    return answer;
+}
+std::string text_of(std::u16string const & answer) {
+    return i18n::ustring_to_utf8(answer);
+}
+std::string text_of(filesystem::upath const & answer) {
+    return i18n::ustring_to_utf8(answer.string());
+}
+std::string text_of(std::error_code const & answer) {
+    return answer.message();
+}
+std::string text_of(std::shared_ptr<i18n::QzLocale const> const & answer) {
+    std::string text = answer->getXpgName();
+    for (unsigned i = 0; i < 6; ++i) {
+        text += ' ' + answer->getLcName(static_cast<i18n::QzLocale::LcCategory>(i));
+    }
+    return text;
+}
+
 tally sweep_allocations(std::vector<scenario> const & scenarios, fault_files const & files,
                         sweep_options const & options) {
     tally result{"allocation faults"};

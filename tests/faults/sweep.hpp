@@ -3,8 +3,13 @@
 #include "tests/faults/process_state.hpp"
 
 #include <cstdint>
+#include <fl/filesystem/path.hpp>
+#include <fl/i18n/locale.hpp>
 #include <functional>
+#include <memory>
 #include <string>
+#include <system_error>
+#include <type_traits>
 #include <vector>
 
 namespace fl::test {
@@ -12,13 +17,39 @@ namespace fl::test {
 /// Ends faults: the action is over, and what follows only reports on it.
 void done();
 
-/// One action on a prepared state, with what it needs and what is to be seen of that.
+/// Returns an answer as a text.
+std::string text_of(bool answer);
+std::string text_of(int answer);
+std::string text_of(std::string const & answer);
+std::string text_of(std::u16string const & answer);
+std::string text_of(filesystem::upath const & answer);
+std::string text_of(std::error_code const & answer);
+std::string text_of(std::shared_ptr<i18n::QzLocale const> const & answer);
+
+/// Returns the function that performs an action, to which faults happen, and returns its answer as a text.
+template <class Action>
+std::function<std::string()> acting(Action action) {
+    return [action] {
+        if constexpr (std::is_void_v<decltype(action())>) {
+            action();
+            done();
+            return std::string("done");
+        } else {
+            auto const answer = action();
+            done();
+            return text_of(answer);
+        }
+    };
+}
+
+/// An action on a prepared state, with what it needs and what is to be seen of that.
 struct trial {
     /// Acts and returns the answer as a text; one that begins with "failed" reports an error.
     std::function<std::string()> act;
     /// Returns the state of the trial's own objects as a text.
     std::function<std::string()> look = [] { return std::string(); };
-    /// The parts of the action, where it has some that may stay done when the next fails.
+    /// What, done one after the other, brings the states in which an action that fails may end, besides the
+    /// old.
     std::vector<std::function<void()>> steps = {};
     /// Undoes what a reported error is documented to leave behind.
     std::function<void()> recover = [] {};
@@ -27,16 +58,35 @@ struct trial {
 /// An action to try, and how it may fail.
 struct scenario {
     char const * name;
-    trial (*prepare)(fault_files const & files);
+    std::function<trial(fault_files const & files)> prepare;
     /// The beginnings of the texts of the exceptions with which it may report a fault, besides no memory.
     std::vector<std::string> errors = {};
     /// The beginnings of further answers that are right when a call of the system has failed.
     std::vector<std::string> other_answers = {};
-    /// Whether a fault of a file may leave a catalog known as not loaded, or a root out.
+    /// Whether a call that fails may leave a catalog known as not loaded, or a root out.
     bool may_lack_files = false;
     /// Whether these hold also when a query says that there is no memory.
     bool goes_on_without_memory = false;
 };
+
+/// Returns what prepares an action that needs nothing, or what `prepare` does.
+template <class Action>
+std::function<trial(fault_files const &)> action(
+    Action action, void (*prepare)() = [] {}) {
+    return [=](fault_files const &) {
+        prepare();
+        return trial{acting(action)};
+    };
+}
+
+/// Returns what prepares an action on an object, which `show` shows.
+template <class T, class Show, class Action>
+std::function<trial(fault_files const &)> action_on(T initial, Show show, Action action) {
+    return [=](fault_files const &) {
+        auto const object = std::make_shared<T>(initial);
+        return trial{acting([=] { return action(*object); }), [=] { return show(*object); }};
+    };
+}
 
 /// What a sweep is to do.
 struct sweep_options {
