@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <expat.h>
 #include <new>
+#include <unicode/uclean.h>
 
 namespace fl::test {
 
@@ -13,6 +14,7 @@ bool all_further = false;
 std::uint64_t fault_number = 0;
 std::uint64_t allocations = 0;
 std::int64_t blocks = 0;
+std::int64_t icu_blocks = 0;
 
 bool fails() {
     if (!is_active) {
@@ -57,7 +59,30 @@ void * reallocate_for_expat(void * block, std::size_t size) {
     return fails() ? nullptr : std::realloc(block, size);
 }
 
+// ICU's own allocations are counted only: it does not cope with failing ones.
+void * allocate_for_icu(void const *, std::size_t size) {
+    ++icu_blocks;
+    return std::malloc(size);
+}
+
+void * reallocate_for_icu(void const *, void * block, std::size_t size) {
+    return std::realloc(block, size);
+}
+
+void release_for_icu(void const *, void * block) {
+    icu_blocks -= block != nullptr ? 1 : 0;
+    std::free(block);
+}
+
 } // namespace
+
+void count_icu_blocks() {
+    UErrorCode status = U_ZERO_ERROR;
+    u_setMemoryFunctions(nullptr, allocate_for_icu, reallocate_for_icu, release_for_icu, &status);
+    if (U_FAILURE(status)) {
+        std::abort();
+    }
+}
 
 void fail_allocation(std::uint64_t number, bool and_all_further) {
     fault_number = number;
@@ -73,6 +98,10 @@ std::uint64_t end_allocation_faults() {
 
 std::int64_t live_blocks() {
     return blocks;
+}
+
+std::int64_t live_icu_blocks() {
+    return icu_blocks;
 }
 
 } // namespace fl::test

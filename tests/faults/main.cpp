@@ -1,3 +1,4 @@
+#include "tests/faults/allocation_faults.hpp"
 #include "tests/faults/sweep.hpp"
 
 #include <cstdio>
@@ -50,6 +51,7 @@ int main(int argc, char ** argv) {
     }
     bool const all = !allocations && !files && !truncations;
 
+    count_icu_blocks();
     fault_files const tree;
     ::setenv("QZLOCALE_LCDATA_PATH", tree.name("").c_str(), 1);
     ::setenv("QZLOCALE_LCDATA_FILENAME", "small.xml", 1);

@@ -140,8 +140,7 @@ fault_files::fault_files() {
               catalog_file("ja", 3 + 12 * i));
     }
     write("two/resources/app/ja_JP/extra.xml", catalog_file("ja_JP", 4));
-    write("two/resources/app/ja_JP/a_sub_component_with_a_name_that_is_long/ui.xml",
-          catalog_file("ja_JP", 4));
+    write("two/resources/app/ja/a_sub_component_with_a_name_that_is_long/ui.xml", catalog_file("ja_JP", 4));
     write("more/resources/app/en_US_POSIX/more.xml", catalog_file("en", 2));
     write("small.xml", small_database);
     write("large.xml", large_database());

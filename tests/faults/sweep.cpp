@@ -79,6 +79,7 @@ public:
     void try_point(std::string const & point, fault kind, Arm arm, HasHappened has_happened) {
         renew_process_state(files_);
         auto const blocks = live_blocks();
+        auto const icu_blocks = live_icu_blocks();
         int const open_files = open_files_mark();
         {
             trial t = what_.prepare(files_);
@@ -99,6 +100,8 @@ public:
         renew_process_state(files_);
         auto const blocks_after = live_blocks();
         check(point + ", blocks", std::to_string(blocks), std::to_string(blocks_after));
+        check(point + ", more blocks of ICU", "0",
+              std::to_string(std::max<std::int64_t>(live_icu_blocks() - icu_blocks, 0)));
         check(point + ", open files", std::to_string(open_files), std::to_string(open_files_mark()));
     }
 
