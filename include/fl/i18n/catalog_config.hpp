@@ -80,7 +80,7 @@ public:
 
     /// Returns the directories; the reference is valid while the object lives and is not changed.
     std::vector<ustring> const & GetSearchPaths() const;
-    /// Replaces the whole list.
+    /// Replaces the whole list, or leaves it as it was when there is no memory.
     void UpdateConfig(std::vector<ustring> const & paths);
 
 private:

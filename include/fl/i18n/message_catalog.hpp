@@ -160,8 +160,8 @@ public:
     static bool MessageCatalogInit(std::vector<ustring> const & roots);
     /// Sets the roots and opens catalogs for the global locale.
     ///
-    /// An identifier that is malformed, or a null pointer, throws `CatalogID::badCatalogIDException` when its
-    /// turn comes; the roots are then set.
+    /// An identifier that is malformed, or a null pointer, throws `CatalogID::badCatalogIDException`. When
+    /// anything throws, the roots and the catalogs that are kept stay as they were.
     static bool
     MessageCatalogInit(std::vector<ustring> const & roots,
                        std::vector<resource_core::BaseCatalogID const *> const & criticalCatalogs);
