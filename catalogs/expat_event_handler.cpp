@@ -1,7 +1,6 @@
 #include "catalogs/expat_event_handler.hpp"
 
 #include "foundation/filesystem/open_file.hpp"
-#include "foundation/xml_reader.hpp"
 
 #include <boost/throw_exception.hpp>
 #include <new>
@@ -37,14 +36,18 @@ ExpatEventHandler::ExpatEventHandler(std::string encoding)
 
 ExpatEventHandler::~ExpatEventHandler() = default;
 
+xml::read_result parse_document(xml::block_source const & source, ExpatEventHandler & handler) {
+    handler_sink sink(handler);
+    return xml::read_document(source, handler.encoding(), sink);
+}
+
 bool parse_file(filesystem::upath const & path, ExpatEventHandler & handler) {
     // Opened for bytes: Expat turns line ends into line feeds itself, and text mode would harm UTF-16.
     auto const file = filesystem::open_file(path);
     if (!file) {
         return false;
     }
-    handler_sink sink(handler);
-    auto const status = xml::read_document(file.get(), handler.encoding(), sink).status;
+    auto const status = parse_document(xml::blocks_of(file.get()), handler).status;
     if (status == xml::read_status::no_parser) {
         boost::throw_exception(std::bad_alloc());
     }

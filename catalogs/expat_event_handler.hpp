@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/xml_reader.hpp"
+
 #include <fl/filesystem/path.hpp>
 
 #include <string>
@@ -29,6 +31,9 @@ protected:
 private:
     std::string encoding_;
 };
+
+/// Reads a document into a handler; exceptions of the handler pass through.
+xml::read_result parse_document(xml::block_source const & source, ExpatEventHandler & handler);
 
 /// Reads a file. Returns false when it is missing, unreadable or malformed, or when the handler has stopped
 /// the reading; exceptions of the handler pass through. Throws `std::bad_alloc`, which says nothing of the

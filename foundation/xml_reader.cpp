@@ -101,7 +101,7 @@ char const * find_attribute(char const ** attributes, std::string_view name) {
     return value;
 }
 
-read_result read_document(std::FILE * file, char const * forced_encoding, event_sink & sink) {
+read_result read_document(block_source const & source, char const * forced_encoding, event_sink & sink) {
     parser_handle const parser(XML_ParserCreate(forced_encoding));
     if (!parser) {
         return {read_status::no_parser};
@@ -113,27 +113,37 @@ read_result read_document(std::FILE * file, char const * forced_encoding, event_
     XML_SetElementHandler(parser.get(), start_element, end_element);
     XML_SetCharacterDataHandler(parser.get(), character_data);
 
-    std::array<char, 1024> block;
     std::size_t bytes_read = 0;
     for (bool last = false; !last;) {
-        std::size_t const length = std::fread(block.data(), 1, block.size(), file);
-        if (std::ferror(file)) {
+        std::optional<block> const next = source();
+        if (!next) {
             return {read_status::read_failed};
         }
-        last = length < block.size();
-        auto const status = XML_Parse(parser.get(), block.data(), boost::numeric_cast<int>(length), last);
+        last = next->is_last;
+        auto const status =
+            XML_Parse(parser.get(), next->bytes.data(), boost::numeric_cast<int>(next->bytes.size()), last);
         if (state.failure) {
             std::rethrow_exception(state.failure);
         }
         if (status != XML_STATUS_OK) {
             return malformed(parser.get(), XML_GetErrorCode(parser.get()));
         }
-        bytes_read += length;
+        bytes_read += next->bytes.size();
         if (bytes_read > limits::longest_file) {
             return malformed(parser.get(), XML_ERROR_ABORTED);
         }
     }
     return {};
+}
+
+block_source blocks_of(std::FILE * file) {
+    return [file, bytes = std::array<char, 1024>()]() mutable -> std::optional<block> {
+        std::size_t const length = std::fread(bytes.data(), 1, bytes.size(), file);
+        if (std::ferror(file)) {
+            return std::nullopt;
+        }
+        return block{{bytes.data(), length}, length < bytes.size()};
+    };
 }
 
 } // namespace fl::xml

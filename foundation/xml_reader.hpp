@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdio>
+#include <functional>
+#include <optional>
 #include <string_view>
 
 /// Reading an XML document as events, over Expat.
@@ -40,10 +42,23 @@ struct read_result {
 /// `attributes` alternates names and values and ends with a null.
 char const * find_attribute(char const ** attributes, std::string_view name);
 
-/// Reads the document in `file`, from its current position to its end, in blocks of 1024 bytes.
+/// A run of a document's bytes.
+struct block {
+    std::string_view bytes;
+    bool is_last = false;
+};
+
+/// Gives the blocks of a document one behind the other, however it is cut; each lives until the next call.
+/// Nothing when reading fails.
+using block_source = std::function<std::optional<block>()>;
+
+/// Reads a document. How it is cut into blocks makes no difference.
 ///
 /// `forced_encoding` overrides what the document declares; null honours the declaration and the byte-order
 /// mark. Throws `std::bad_alloc` also when the parser has no memory to go on.
-read_result read_document(std::FILE * file, char const * forced_encoding, event_sink & sink);
+read_result read_document(block_source const & source, char const * forced_encoding, event_sink & sink);
+
+/// Returns the blocks of what is in `file` from its current position to its end, which are of 1024 bytes.
+block_source blocks_of(std::FILE * file);
 
 } // namespace fl::xml

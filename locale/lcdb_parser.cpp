@@ -2,7 +2,6 @@
 
 #include "foundation/filesystem/open_file.hpp"
 #include "foundation/utf8.hpp"
-#include "foundation/xml_reader.hpp"
 #include "locale/lc_rsc_exceptions.hpp"
 #include "locale/lcdb_event_handler.hpp"
 
@@ -35,14 +34,18 @@ private:
 
 } // namespace
 
-void parse_lcdata(LcData const & data, filesystem::upath const & path) {
+xml::read_result read_lcdata(LcData const & data, xml::block_source const & source) {
     LcdbEventHandler handler(data);
+    handler_sink sink(handler);
+    return xml::read_document(source, handler.expected_encoding().c_str(), sink);
+}
+
+void parse_lcdata(LcData const & data, filesystem::upath const & path) {
     platform::file_handle const file = filesystem::open_file(path);
     if (!file) {
         boost::throw_exception(LcRscOpenFileFailure(to_readable_utf8(path.string())));
     }
-    handler_sink sink(handler);
-    xml::read_result const result = xml::read_document(file.get(), handler.expected_encoding().c_str(), sink);
+    xml::read_result const result = read_lcdata(data, xml::blocks_of(file.get()));
     switch (result.status) {
     case xml::read_status::complete:
         return;
