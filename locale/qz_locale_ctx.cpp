@@ -51,15 +51,20 @@ char const * database_failure(int kind) {
 
 } // namespace
 
-icu_converter open_icu_converter(std::string const & name) {
+bool stays_in_icu_data(std::string const & name) {
     // A colon is a drive's or a stream's mark in a file name; the conversion library's own aliases hold some
-    // too.
+    // too. It looks for an alias, and for a file, by what stands before the options.
     UErrorCode status = U_ZERO_ERROR;
-    if (!is_safe_encoding_name(name) ||
-        (name.find(':') != std::string::npos && ucnv_countAliases(name.c_str(), &status) == 0)) {
+    return is_safe_encoding_name(name) &&
+           (name.find(':') == std::string::npos ||
+            ucnv_countAliases(name.substr(0, name.find(',')).c_str(), &status) != 0);
+}
+
+icu_converter open_icu_converter(std::string const & name) {
+    if (!stays_in_icu_data(name)) {
         return nullptr;
     }
-    status = U_ZERO_ERROR;
+    UErrorCode status = U_ZERO_ERROR;
     icu_converter converter(ucnv_open(name.c_str(), &status));
     return U_FAILURE(status) ? nullptr : std::move(converter);
 }

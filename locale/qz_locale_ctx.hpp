@@ -147,6 +147,10 @@ private:
     mutable std::mutex mutex_;
 };
 
+/// Tells whether the conversion library may be asked for a converter of this name: it looks for no file
+/// outside its data then.
+bool stays_in_icu_data(std::string const & name);
+
 /// Opens a converter by the conversion library's own alias rules; null for a name that it does not know or
 /// that could lead it outside its data.
 icu_converter open_icu_converter(std::string const & name);

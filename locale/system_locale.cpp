@@ -15,11 +15,14 @@ namespace {
 
 /// Returns the locale name that a system's name stands for; empty when it is none.
 std::string read_name(std::string const & system_name, lc_tables const & tables) {
+    if (!is_valid_locale_name(system_name)) {
+        return {};
+    }
     auto read = read_system_locale_name(system_name);
     std::string spelling = without_codeset(system_name);
     std::replace(spelling.begin(), spelling.end(), '-', '_');
     // The tables may know a name that its parts alone do not tell: an alias, a variant, a region.
-    std::string known = is_valid_locale_name(spelling) ? tables.resolve_locale(spelling) : std::string();
+    std::string known = tables.resolve_locale(spelling);
     return known.empty() && read ? std::move(read->name) : known;
 }
 

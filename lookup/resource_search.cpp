@@ -15,18 +15,12 @@ namespace {
 
 using filesystem::upath;
 
-/// Tells whether a locale name stays one element of the path that it is put into.
-bool is_path_element(ustring const & name) {
+/// Tells whether a locale name leads nowhere else, whatever stands beside it in its element of a path: dots
+/// would join those of the pattern, and blanks at the end may not count.
+bool is_harmless(ustring const & name) {
     return name.find_first_of(std::u16string_view(u"\\/:\0", 4)) == ustring::npos &&
-           name.find(u"..") == ustring::npos;
-}
-
-ustring localise(query const & what, std::size_t marker_begin, ustring const & locale_name) {
-    ustring before = what.pattern.substr(0, marker_begin);
-    if (locale_name.empty() && before.ends_with(u'_')) {
-        before.pop_back();
-    }
-    return before + locale_name + what.pattern.substr(marker_begin + what.marker.size());
+           name.find(u"..") == ustring::npos &&
+           (name.empty() || name.find_first_not_of(u". ") != ustring::npos);
 }
 
 /// One directory that cannot be looked into, or be told, must not hide what the others hold.
@@ -41,6 +35,10 @@ bool is_there(upath const & path) {
     } catch (filesystem::FsysExceptionBase const &) {
         return false;
     }
+}
+
+bool has_marker(ustring const & pattern, ustring const & marker) {
+    return !marker.empty() && pattern.find(marker) != ustring::npos;
 }
 
 match find_in_base_paths(query const & what, ustring const & relative, ustring const & locale_name,
@@ -64,20 +62,30 @@ match find(query const & what, visitor const & visit) {
     if (what.pattern.empty()) {
         return {};
     }
-    std::size_t const marker_begin = what.marker.empty() ? ustring::npos : what.pattern.find(what.marker);
-    if (marker_begin == ustring::npos) {
+    if (!has_marker(what.pattern, what.marker)) {
         return find_in_base_paths(what, what.pattern, {}, visit);
     }
     for (ustring const & name : what.locale_names) {
-        if (!is_path_element(name)) {
-            continue;
-        }
-        match found = find_in_base_paths(what, localise(what, marker_begin, name), name, visit);
+        auto const relative = localise(what.pattern, what.marker, name);
+        match found = relative ? find_in_base_paths(what, *relative, name, visit) : match();
         if (!found.path.empty()) {
             return found;
         }
     }
     return {};
+}
+
+std::optional<ustring> localise(ustring const & pattern, ustring const & marker,
+                                ustring const & locale_name) {
+    if (!is_harmless(locale_name)) {
+        return std::nullopt;
+    }
+    std::size_t const marker_begin = pattern.find(marker);
+    ustring before = pattern.substr(0, marker_begin);
+    if (locale_name.empty() && before.ends_with(u'_')) {
+        before.pop_back();
+    }
+    return before + locale_name + pattern.substr(marker_begin + marker.size());
 }
 
 std::vector<ustring> locale_names(QzLocale const & locale, bool use_classic_default) {

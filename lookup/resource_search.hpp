@@ -4,6 +4,7 @@
 #include <fl/i18n/locale.hpp>
 #include <fl/i18n/ustring_type.hpp>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace fl::i18n::resource_search {
@@ -30,6 +31,10 @@ using visitor =
 
 /// Returns the first candidate that exists.
 match find(query const & what, visitor const & visit = {});
+
+/// Returns a pattern, which holds the marker, with a locale name in its place; nothing for a name that could
+/// lead elsewhere than below where the pattern does.
+std::optional<ustring> localise(ustring const & pattern, ustring const & marker, ustring const & locale_name);
 
 /// Returns the names to try for a locale.
 std::vector<ustring> locale_names(QzLocale const & locale, bool use_classic_default);
