@@ -38,9 +38,11 @@ public:
     explicit operator bool() const { return slots_ != nullptr; }
 
     std::optional<std::u16string_view> find(std::string_view key) const {
-        // Begins to fetch the messages of a small store, while its slots come.
-        __builtin_prefetch(units_);
-        __builtin_prefetch(units_ + 32);
+        // Begins to fetch the messages of a small store, while its slots come. There may be fewer than these,
+        // or none: the addresses are plain numbers.
+        auto const address = reinterpret_cast<std::uintptr_t>(units_);
+        __builtin_prefetch(reinterpret_cast<void const *>(address));
+        __builtin_prefetch(reinterpret_cast<void const *>(address + 64));
         message_slot const & slot = slots_[find_slot(key, hash(key))];
         return slot.is_free() ? std::nullopt : std::optional(text(slot));
     }
