@@ -6,6 +6,7 @@
 #include "locale/lcdb_parser.hpp"
 #include "tests/fuzz/documents.hpp"
 #include "tests/fuzz/fuzz.hpp"
+#include "tests/fuzz/names.hpp"
 
 #include <expat.h>
 #include <map>
@@ -19,21 +20,8 @@ namespace {
 
 using namespace fl;
 using namespace fl::i18n::lcmgmt;
-
-bool is_locale_name(std::string const & name) {
-    return !name.empty() && name.size() <= 157 && name.find("..") == name.npos &&
-           name.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-.@=;") ==
-               name.npos;
-}
-
-bool is_encoding_name(std::string const & name) {
-    for (char const c : name) {
-        if (static_cast<unsigned char>(c) < 0x20 || static_cast<unsigned char>(c) > 0x7E) {
-            return false;
-        }
-    }
-    return !name.empty() && name.find_first_of("/\\") == name.npos && name.find("..") == name.npos;
-}
+using fuzz::is_encoding_name;
+using fuzz::is_locale_name;
 
 /// The tables as plain maps.
 class table_model {
