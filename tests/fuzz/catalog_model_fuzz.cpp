@@ -172,7 +172,7 @@ private:
         if (input_.byte() < 6) {
             return write_fault();
         }
-        mark("</entry>\n");
+        mark(input_.below(2) ? "</entry>\n" : "</entry> not a \\text ");
         add(key);
     }
 
@@ -180,20 +180,32 @@ private:
         texts.try_emplace(key, fuzz::text_of_content(std::exchange(content_, {})));
     }
 
-    /// Writes what no catalog holds into an entry.
+    /// Writes what no catalog holds into an entry, and all that it takes beside.
     void write_fault() {
-        char const * const faults[] = {
-            "<entry></entry>",         "<message/>", "<rsccat>", "<Entry/>", "</message>", "",
-            "<entry key=''>x</entry>", "]]>",        "&f;",      "<x a=1/>", "\x01",       "&#0;"};
+        char const * const faults[] = {"<entry></entry>",
+                                       "<message/>",
+                                       "<rsccat/>",
+                                       "<Entry/>",
+                                       "</message>",
+                                       "<entry key=''>x</entry>",
+                                       "]]>",
+                                       "&f;",
+                                       "<x a=1/>",
+                                       "\x01",
+                                       "&#0;"};
         broken = true;
-        if (std::size_t const fault = input_.below(std::size(faults) + 1); fault < std::size(faults)) {
+        std::size_t const fault = input_.below(std::size(faults) + 2);
+        if (fault == std::size(faults)) {
+            return; // the end is missing
+        }
+        if (fault < std::size(faults)) {
             mark(faults[fault]);
         } else {
             // An entry inside gets the text of both, and the outer one ends without a key.
-            std::string const inner = write_key();
-            add(inner);
-            mark("</entry></entry>");
+            add(write_key());
+            mark("</entry>");
         }
+        mark("</entry></message></rsccat>");
     }
 
     fuzz_input & input_;

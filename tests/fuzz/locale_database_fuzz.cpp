@@ -26,32 +26,32 @@ using fuzz::is_locale_name;
 /// The tables as plain maps.
 class table_model {
 public:
-    struct locale {
+    struct locale_row {
         std::string encoding, xpg_name, disable;
-        bool operator==(locale const &) const = default;
+        bool operator==(locale_row const &) const = default;
     };
-    struct encoding {
+    struct encoding_row {
         std::string name, jvm_name, compat;
-        bool operator==(encoding const &) const = default;
+        bool operator==(encoding_row const &) const = default;
     };
 
     std::size_t refused = 0; ///< changes that were
 
-    std::optional<locale> find_locale(std::string const & name) const {
+    std::optional<locale_row> find_locale(std::string const & name) const {
         if (auto const own = locales_.find(name); own != locales_.end()) {
             return own->second;
         }
         auto const * const row = find_builtin_locale(name);
-        return row ? std::optional(locale{std::string(row->encoding), std::string(row->xpg_name), {}})
+        return row ? std::optional(locale_row{std::string(row->encoding), std::string(row->xpg_name), {}})
                    : std::nullopt;
     }
-    std::optional<encoding> find_encoding(std::string const & name) const {
+    std::optional<encoding_row> find_encoding(std::string const & name) const {
         if (auto const own = encodings_.find(lower(name)); own != encodings_.end()) {
             return own->second;
         }
         auto const * const row = find_builtin_encoding(name);
-        return row ? std::optional(encoding{std::string(row->name), std::string(row->jvm_name),
-                                            std::string(row->compat)})
+        return row ? std::optional(encoding_row{std::string(row->name), std::string(row->jvm_name),
+                                                std::string(row->compat)})
                    : std::nullopt;
     }
     std::string find_alias(std::string const & name) const {
@@ -136,8 +136,8 @@ private:
         is_allowed ? apply() : void(++refused);
     }
 
-    std::map<std::string, locale> locales_;
-    std::map<std::string, encoding> encodings_;
+    std::map<std::string, locale_row> locales_;
+    std::map<std::string, encoding_row> encodings_;
     std::map<std::string, std::string> aliases_, region_aliases_, encoding_aliases_;
 };
 
