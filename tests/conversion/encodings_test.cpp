@@ -1,6 +1,7 @@
 #include "foundation/kept_encoding.hpp"
 #include "locale/encoding_registry.hpp"
 #include "locale/encodings.hpp"
+#include "tests/conversion/by_icu.hpp"
 
 #include <cstring>
 #include <fl/i18n/codecvt.hpp>
@@ -13,19 +14,6 @@ namespace {
 
 constexpr unsigned seed = 7;
 
-/// What a conversion gives, or the id of what it throws.
-template <class To>
-struct outcome {
-    std::basic_string<To> text;
-    int excp = 0;
-    bool operator==(outcome const &) const = default;
-};
-
-template <class To>
-outcome<To> failure(UErrorCode status) {
-    return {{}, status == U_INVALID_CHAR_FOUND || status == U_ILLEGAL_CHAR_FOUND ? 5 : 7};
-}
-
 icu_converter open(std::string const & name) {
     UErrorCode status = U_ZERO_ERROR;
     return icu_converter(ucnv_open(name.c_str(), &status));
@@ -37,11 +25,7 @@ outcome<char16_t> decoded_by_icu(std::string const & encoding, bool lenient, std
     if (!lenient) {
         ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
     }
-    std::u16string units(4 * bytes.size() + 16, u'\0');
-    units.resize(static_cast<std::size_t>(ucnv_toUChars(converter.get(), units.data(),
-                                                        static_cast<std::int32_t>(units.size()), bytes.data(),
-                                                        static_cast<std::int32_t>(bytes.size()), &status)));
-    return U_FAILURE(status) ? failure<char16_t>(status) : outcome<char16_t>{units};
+    return decoded_by_icu(converter.get(), bytes);
 }
 
 outcome<char> encoded_by_icu(std::string const & encoding, bool lenient, ustring const & text) {
@@ -50,11 +34,7 @@ outcome<char> encoded_by_icu(std::string const & encoding, bool lenient, ustring
     if (!lenient) {
         ucnv_setFromUCallBack(converter.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
     }
-    std::string bytes(16 * text.size() + 32, '\0');
-    bytes.resize(static_cast<std::size_t>(
-        ucnv_fromUChars(converter.get(), bytes.data(), static_cast<std::int32_t>(bytes.size()), text.data(),
-                        static_cast<std::int32_t>(text.size()), &status)));
-    return U_FAILURE(status) ? failure<char>(status) : outcome<char>{bytes};
+    return encoded_by_icu(converter.get(), text);
 }
 
 /// Returns what a fresh converter gives, by each of its operations in turn.
