@@ -2,7 +2,9 @@
 
 #include "conversion/conversion_error.hpp"
 
+#include <algorithm>
 #include <memory>
+#include <vector>
 
 namespace fl::i18n {
 
@@ -12,6 +14,38 @@ namespace {
 std::size_t max_char_size(UConverter const * converter) {
     return ucnv_getType(converter) == UCNV_UTF8 ? 4
                                                 : static_cast<std::size_t>(ucnv_getMaxCharSize(converter));
+}
+
+/// Tells whether what a converter gives depends on where its output is cut: when a call ends with a full
+/// buffer these forget the group, script or character set that they are in.
+bool minds_cuts(UConverter const * converter) {
+    auto const type = ucnv_getType(converter);
+    return (type >= UCNV_LMBCS_1 && type <= UCNV_LMBCS_LAST) || type == UCNV_ISCII ||
+           type == UCNV_COMPOUND_TEXT;
+}
+
+/// Converts a whole source in one call, with room for all of it, and hands out what the destination takes.
+template <class Direction>
+std::size_t run_uncut(UConverter * converter, typename Direction::to * destination, std::size_t capacity,
+                      typename Direction::from const * source, std::size_t source_length) {
+    std::vector<typename Direction::to> all(4 * source_length + 64);
+    for (;;) {
+        auto * next = all.data();
+        auto const * from = source;
+        UErrorCode status = U_ZERO_ERROR;
+        Direction::step(converter, &next, all.data() + all.size(), &from, source + source_length, true,
+                        &status);
+        if (U_SUCCESS(status)) {
+            auto const length = static_cast<std::size_t>(next - all.data());
+            std::copy_n(all.data(), std::min(length, capacity), destination);
+            return length;
+        }
+        if (status != U_BUFFER_OVERFLOW_ERROR) {
+            throw_conversion_error(status);
+        }
+        ucnv_reset(converter);
+        all.resize(2 * all.size());
+    }
 }
 
 struct converter_resetter {
@@ -28,6 +62,9 @@ std::size_t run_pass(UConverter * converter, typename Direction::to * destinatio
         throw_conversion_error(U_ILLEGAL_ARGUMENT_ERROR);
     }
     std::unique_ptr<UConverter, converter_resetter> const reset_at_end(converter);
+    if (minds_cuts(converter)) {
+        return run_uncut<Direction>(converter, destination, capacity, source, source_length);
+    }
     typename Direction::to scratch[1024];
     std::size_t const piece_size = max_char_size(converter) * limits.destination_piece;
     auto const * const source_end = source + source_length;

