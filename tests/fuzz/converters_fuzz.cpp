@@ -272,12 +272,10 @@ void check(encoding_row const & row, choices const & chosen, std::string_view re
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {
     static auto const encodings = make_encodings();
-    choices chosen;
-    if (size <= sizeof chosen) {
-        return 0;
-    }
-    std::memcpy(&chosen, data, sizeof chosen);
-    std::string_view const rest(reinterpret_cast<char const *>(data) + sizeof chosen, size - sizeof chosen);
+    choices chosen{};
+    std::size_t const header = std::min(size, sizeof chosen);
+    std::copy_n(data, header, reinterpret_cast<std::uint8_t *>(&chosen));
+    std::string_view const rest(reinterpret_cast<char const *>(data) + header, size - header);
     // There are more encodings than values of a byte.
     auto const & row = encodings[(chosen.encoding + 256u * (chosen.direction >> 6)) % encodings.size()];
     current = &row;
