@@ -28,4 +28,8 @@ if ! diff -u "$list" "$actual"; then
     echo "The exported symbols are not those listed; when the change is meant: $0 $objdump $library $list --update" >&2
     exit 1
 fi
+if grep -E 'icu_[0-9]+::|UChar|UConverter|UErrorCode|XML_' "$actual"; then
+    echo "These symbols name types of other libraries." >&2
+    exit 1
+fi
 echo "$(wc -l <"$actual") exported symbols as listed"

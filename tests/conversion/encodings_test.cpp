@@ -25,7 +25,7 @@ outcome<char16_t> decoded_by_icu(std::string const & encoding, bool lenient, std
     if (!lenient) {
         ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
     }
-    return decoded_by_icu(converter.get(), bytes);
+    return i18n::decoded_by_icu(converter.get(), bytes);
 }
 
 outcome<char> encoded_by_icu(std::string const & encoding, bool lenient, ustring const & text) {
@@ -34,7 +34,7 @@ outcome<char> encoded_by_icu(std::string const & encoding, bool lenient, ustring
     if (!lenient) {
         ucnv_setFromUCallBack(converter.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
     }
-    return encoded_by_icu(converter.get(), text);
+    return i18n::encoded_by_icu(converter.get(), text);
 }
 
 /// Returns what a fresh converter gives, by each of its operations in turn.
