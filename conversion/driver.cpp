@@ -16,12 +16,17 @@ std::size_t max_char_size(UConverter const * converter) {
                                                 : static_cast<std::size_t>(ucnv_getMaxCharSize(converter));
 }
 
-/// Tells whether what a converter gives depends on where its output is cut: when a call ends with a full
-/// buffer these forget the group, script or character set that they are in.
+/// Tells whether what a converter gives depends on where its source and its output are cut: these look ahead,
+/// and forget when a call ends which group, script or window they are in.
 bool minds_cuts(UConverter const * converter) {
-    auto const type = ucnv_getType(converter);
-    return (type >= UCNV_LMBCS_1 && type <= UCNV_LMBCS_LAST) || type == UCNV_ISCII ||
-           type == UCNV_COMPOUND_TEXT;
+    switch (auto const type = ucnv_getType(converter)) {
+    case UCNV_SCSU:
+    case UCNV_ISCII:
+    case UCNV_COMPOUND_TEXT:
+        return true;
+    default:
+        return type >= UCNV_LMBCS_1 && type <= UCNV_LMBCS_LAST;
+    }
 }
 
 /// Converts a whole source in one call, with room for all of it, and hands out what the destination takes.
