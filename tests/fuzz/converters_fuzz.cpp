@@ -243,7 +243,9 @@ void check(encoding_row const & row, choices const & chosen, std::string_view re
         std::memcpy(source.data(), rest.data(), source.size() * sizeof(from));
     }
     auto const once = source;
-    for (int i = chosen.repetitions % 64; i > 0 && source.size() + once.size() <= longest; --i) {
+    // Few texts are so long that they are converted in more pieces than one.
+    for (int i = chosen.repetitions < 0xF4 ? chosen.repetitions % 4 : 1000;
+         i > 0 && source.size() + once.size() <= longest; --i) {
         source += once;
     }
     source.resize(std::min(source.size(), longest));
