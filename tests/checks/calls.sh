@@ -12,11 +12,11 @@ known='^encoding_diagnostics std::cout$'
 
 # On the console; the end of the process; what is done when a thread ends, which a DLL may be gone by; one-time calls that
 # hang after an exception; pointers that are swapped under a lock that is hidden.
-forbidden='(printf|vprintf|fprintf|vfprintf|puts|putchar|fputs|fputc|perror|stdout|stderr|__acrt_iob_func|_cprintf)
+forbidden='((__mingw_|__)?v?f?printf(_chk)?|puts|putchar|fputs|fputc|perror|stdout|stderr|__acrt_iob_func|_cprintf)
 (std::(cout|cerr|clog|wcout|wcerr|wclog)|WriteConsole[AW]|GetStdHandle|OutputDebugString[AW]|MessageBox[AW])
 (abort|exit|_exit|_Exit|quick_exit|raise|kill|std::terminate\(\)|ExitProcess|TerminateProcess|__assert_fail|_w?assert)
 (__cxa_thread_atexit(_impl)?|__tlregdtor|__once_proxy|std::__once_.*|pthread_once)
-(std::_Sp_locker::.*|std::_Sp_atomic<.*)'
+(std::_Sp_locker::.*)'
 pattern=$(paste -sd '|' <<<"$forbidden")
 
 references=$("$nm" -A -C "$@" | sed -nE 's,^([^:]*/)?([^/.:]+)\.[^:]*:[ 0-9a-f]*([A-Za-z]) (__imp_)?(.*)$,\2 \5,p')

@@ -1,5 +1,6 @@
 # Fails when a source file includes one of a floor above its own, when a public header includes a header of a library that
-# callers need not have, and when a file above the platform asks for the system. Called with -D SOURCE_DIR=<root of the tree>.
+# callers need not have, when a file above the platform asks for the system, and when one uses what the compiler's
+# library for Windows does badly. Called with -D SOURCE_DIR=<root of the tree>.
 
 # The floors from the ground. Each row: the files that make up a floor, as regular expressions of their paths.
 set(floors platform foundation environment locale chars conversion files finder catalogs)
@@ -42,6 +43,11 @@ foreach(source IN LISTS sources)
     file(STRINGS ${SOURCE_DIR}/${source} system_lines REGEX "_WIN32|__MINGW|__linux__|[<\"](windows|unistd|pthread)\\.h[>\"]")
     if(system_lines AND own GREATER 0)
         message(SEND_ERROR "${source} depends on the system: ${system_lines}")
+        math(EXPR faults "${faults} + 1")
+    endif()
+    file(STRINGS ${SOURCE_DIR}/${source} bad_lines REGEX "std::call_once|std::atomic<(std|boost)::shared_ptr")
+    if(bad_lines)
+        message(SEND_ERROR "${source} uses what must not be used: ${bad_lines}")
         math(EXPR faults "${faults} + 1")
     endif()
     file(STRINGS ${SOURCE_DIR}/${source} lines REGEX "^ *# *include ")
