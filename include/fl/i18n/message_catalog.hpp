@@ -107,7 +107,8 @@ public:
         std::string text_;
     };
 
-    /// A message is not a valid pattern, or an argument does not fit the format of its hole.
+    /// A message is not a valid pattern or beyond a limit of `fl/i18n/limits.hpp`, or an argument does not
+    /// fit the format of its hole.
     class FL_I18N_API MessageFormatIncorrect : public std::exception {
     public:
         /// Returns "Incorrect Message Formatting Attempted".
@@ -231,9 +232,9 @@ public:
     /// no arguments and is returned unchanged.
     ///
     /// Throws `IncorrectHoleCount` when the number of arguments is not that of the distinct holes,
-    /// `MessageFormatIncorrect` when the message is no pattern or an argument does not fit its hole, and
-    /// `boost::numeric::positive_overflow` for a text of more than 2147483647 units. Exceptions of the
-    /// provider pass through.
+    /// `MessageFormatIncorrect` when the message is no pattern, an argument does not fit its hole or one is
+    /// beyond a limit, and `boost::numeric::positive_overflow` for a text of more than 2147483647 units.
+    /// Exceptions of the provider pass through.
     static ustring GetFormattedMessage(ustring const & message, std::vector<Argument> const & args,
                                        std::optional<numeric_format> const & format = std::nullopt);
     /// Does the same with `count` arguments that `fill` sets.
