@@ -64,7 +64,8 @@ public:
         return {units_ + slot.begin + (slot.key_bytes + 1) / sizeof(char16_t), slot.text_units};
     }
 
-    /// Returns a hash that nobody can foresee who writes a catalog: keys that collide would make a table slow.
+    /// Returns a hash that nobody can foresee who writes a catalog: keys that collide would make a table
+    /// slow.
     static std::uint32_t hash(std::string_view key) {
         // The system puts the library where nobody knows, anew for each process.
         auto const seed = reinterpret_cast<std::uintptr_t>(&place_);
