@@ -34,8 +34,8 @@ TEST(resource_search, never_tries_a_name_that_leaves_its_place) {
     test::temporary_directory const directory;
     directory.write(u"d/x.txt", "");
     std::vector<upath> const bases{directory.path() / u"d"};
-    std::vector<ustring> const names{u"..", u"../d", u"..\\d", u"a/../..",
-                                     u"/",  u"C:",   u"x:y",   ustring(u"\0", 1)};
+    std::vector<ustring> const names{u"..",  u"../d",           u"..\\d", u"a/../..", u"/", u"C:",
+                                     u"x:y", ustring(u"\0", 1), u".",     u" .",      u"  "};
     int candidates = 0;
     match const found = find({bases, u"%S/d/x.txt", u"%S", names},
                              [&](upath const &, ustring const &, bool) { ++candidates; });

@@ -82,6 +82,8 @@ TEST(EncodingNames, NeverLeaveTheConversionLibrarysData) {
         EXPECT_FALSE(open_icu_converter(name)) << name;
     }
     EXPECT_FALSE(open_icu_converter(std::string("UTF-8\0x", 7)));
+    EXPECT_TRUE(open_icu_converter("ISO_8859-1:1987,swaplfnl"));
+    EXPECT_FALSE(stays_in_icu_data("ut:f,8")); // though "ut:f8" is another spelling of a name
     EXPECT_TRUE(open_icu_converter("ISO_8859-1:1987"));
     EXPECT_TRUE(open_icu_converter("utf 8"));
 }

@@ -121,7 +121,7 @@ TEST(StartUp, BuildsTheSystemLocaleFromTheSettings) {
 
 TEST(StartUp, GoesOnFromAnUnusableNameToTheNextChoice) {
     startup_inputs inputs;
-    inputs.settings.category_names.fill({"../../etc/x", "a:b", "ja_JP.eucJP", "de_DE"});
+    inputs.settings.category_names.fill({"../../etc/x", "a:b", "de_DE.../../x", "ja_JP.eucJP", "de_DE"});
     QzLocaleCtx const context(inputs);
     EXPECT_EQ(context.system().getLcName(LcCategory::messages), "ja_JP");
     EXPECT_EQ(context.system().getEncoding(), "EUC-JP");
