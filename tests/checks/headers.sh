@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Tells which headers of ICU, Expat or Windows the public headers include, directly or not.
 # Usage: headers.sh INCLUDE-DIRECTORY COMPILER FLAG...
+# shellcheck disable=SC1003
 set -euo pipefail
 
 include=$1

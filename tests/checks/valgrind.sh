@@ -16,6 +16,7 @@ internal='-Encodings.ConvertAs*:Utf8Decoding.Treats*:BuiltinTables.AreFound*:Utf
 suppressions=$(mktemp)
 trap 'rm -f "$suppressions"' EXIT
 for rule in 'Value8 fun:*PrintByteSegmentInObjectTo*' 'Cond fun:*PrintByteSegmentInObjectTo*' 'Addr32 fun:__wmemcmp_*'; do
+    # shellcheck disable=SC2086
     printf '{\n   known\n   Memcheck:%s\n   ...\n   %s\n}\n' $rule
 done >"$suppressions"
 

@@ -149,10 +149,8 @@ void check_converter(converter<To, From> && with, std::basic_string_view<From> t
         if (size != 0) {
             auto const part =
                 written<To>(size, [&](To * to) { return with.convert(to, size, at, text.size()); });
-            // Java's form takes whole sequences only.
-            require(expected.starts_with(
-                        part.substr(0, std::min(size, expected.size()) - std::min(size, std::size_t(2)))),
-                    what);
+            // Java's form takes whole sequences only, which are up to two bytes shorter.
+            require(expected.starts_with(part.substr(0, size - std::min<std::size_t>(size, 2))), what);
             if (size >= expected.size()) {
                 require_same(part, expected, what);
             }
