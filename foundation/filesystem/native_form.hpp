@@ -1,11 +1,16 @@
 #pragma once
 
+#include <cstddef>
 #include <fl/filesystem/path.hpp>
 #include <functional>
 #include <string>
 
 /// The path forms with their surroundings as arguments, so that the rules of every system are tested on each.
 namespace fl::filesystem::detail {
+
+/// The most units of a name that a system takes. A longer one must not reach a system call: not every system
+/// refuses it, some take its length modulo 65536.
+inline constexpr std::size_t longest_path = 32767;
 
 /// Tells the current directory of a drive, or of the process for 0, as `platform::current_directory` does.
 using current_directory_query = std::function<std::wstring(wchar_t drive)>;

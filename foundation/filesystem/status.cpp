@@ -32,7 +32,8 @@ std::uint32_t query(upath const & path, platform::file_attributes & attributes) 
     if (path.empty() || path.native().find(L'\0') != std::wstring::npos) {
         return error::invalid_name;
     }
-    return platform::query_file(detail::make_query_form(path), attributes);
+    std::wstring const name = detail::make_query_form(path);
+    return name.size() > detail::longest_path ? error::name_too_long : platform::query_file(name, attributes);
 }
 
 } // namespace

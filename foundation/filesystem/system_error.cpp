@@ -1,5 +1,6 @@
 #include "foundation/filesystem/system_error.hpp"
 
+#include "foundation/filesystem/native_form.hpp"
 #include "platform/platform.hpp"
 
 #include <boost/throw_exception.hpp>
@@ -13,8 +14,6 @@ namespace {
 
 using i18n::ustring;
 namespace error = platform::error;
-
-constexpr std::size_t longest_path = 32767;
 
 [[noreturn]] void throw_path_not_found(ustring const & path, ustring const & second_path) {
     ustring const & longer = second_path.size() > path.size() ? second_path : path;

@@ -4,7 +4,7 @@
 
 # The floors from the ground. Each row: the files that make up a floor, as regular expressions of their paths.
 set(floors platform foundation environment locale chars conversion files finder catalogs)
-set(platform "^platform/|^include/fl/i18n/(export|ustring_type)\\.hpp$")
+set(platform "^platform/|^include/fl/i18n/(export|limits|ustring_type)\\.hpp$")
 set(foundation
     "^foundation/|^include/fl/filesystem/(path|exceptions)\\.hpp$|^include/fl/i18n/date_time\\.hpp$|^include/resource_core/")
 set(environment "^lookup/environment|^include/fl/i18n/environment\\.hpp$")
