@@ -164,7 +164,7 @@ bool is_complete(std::string const & document) {
     directory.write(u"c.xml", document);
     any_document sink;
     auto const file = filesystem::open_file(directory.path() / u"c.xml");
-    return xml::read_document(file.get(), nullptr, sink).status == xml::read_status::complete;
+    return xml::read_document(xml::blocks_of(file.get()), nullptr, sink).status == xml::read_status::complete;
 }
 
 std::string times(std::size_t count, std::string const & text) {
