@@ -70,19 +70,26 @@ command_build() {
     done
 }
 
-# Runs a target's tests; its counts are left in counts[TARGET].
-run_tests() { # TARGET CTEST-OPTION...
-    local target=$1 folder=$root/build/$1 report=$root/build/$1/tests.xml run=() status=0
+# Runs a command with what programs of a target need around them.
+run_as() { # TARGET COMMAND...
+    local target=$1 run=()
     shift
     # The thread sanitizer of this compiler cannot cope with addresses as random as newer kernels make them.
     if [[ $target == tsan ]] && setarch -R true 2>/dev/null; then
         run=(setarch -R)
     fi
-    rm -f "$report"
     ASAN_OPTIONS=${ASAN_OPTIONS:-detect_stack_use_after_return=1:strict_string_checks=1} \
     UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1} \
     TSAN_OPTIONS=${TSAN_OPTIONS:-halt_on_error=1:second_deadlock_stack=1} \
-        "${run[@]}" ctest --test-dir "$folder" --output-on-failure --no-tests=error -j 2 \
+        "${run[@]}" "$@"
+}
+
+# Runs a target's tests; its counts are left in counts[TARGET].
+run_tests() { # TARGET CTEST-OPTION...
+    local target=$1 folder=$root/build/$1 report=$root/build/$1/tests.xml status=0
+    shift
+    rm -f "$report"
+    run_as "$target" ctest --test-dir "$folder" --output-on-failure --no-tests=error -j 2 \
         --output-junit "$report" --test-output-size-passed 100000000 --test-output-size-failed 100000000 "$@" ||
         status=1
     counts[$target]=$(count_tests "$report")
@@ -147,13 +154,6 @@ command_test() {
     need_packages "${test_packages[@]}"
     prepare_message_files
     test_targets "${#targets[@]}" "${targets[@]}" "$@" || die "the tests failed"
-}
-
-command_check() {
-    prepare_dependencies
-    need_packages "${test_packages[@]}"
-    prepare_message_files
-    test_targets 2 asan tsan "$@" || die "the tests failed under a sanitizer"
 }
 
 command_install() {
