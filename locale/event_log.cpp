@@ -1,5 +1,6 @@
 #include "locale/event_log.hpp"
 
+#include <type_traits>
 #include <utility>
 
 namespace fl::i18n::lcmgmt {
@@ -26,7 +27,9 @@ void event_log::add(std::initializer_list<std::pair<std::string_view, std::strin
     for (auto const & [source, message] : events) {
         changed.add(source, message);
     }
-    std::swap(*this, changed);
+    // Swapping may need memory for a temporary queue, which this does not.
+    static_assert(std::is_nothrow_move_assignable_v<event_log>);
+    *this = std::move(changed);
 }
 
 void event_log::add_error(std::string_view source, std::string_view message, int status) {

@@ -4,13 +4,12 @@
 check_stages=(asan tsan faults threads fuzz valgrind soak)
 fuzz_check_seconds=60
 
-# Runs a program with its output in a log; shows the lines that count, and on failure the log's end.
+# Runs a program with its output in a log; shows the lines that count under its name, and on failure the log's end.
 counted() { # NAME COMMAND...
-    local log=$root/build/check/$1.log status=0 name=$1
+    local name=$1 log=$root/build/check/$1.log status=0
     shift
-    mkdir -p "$root/build/check"
     "$@" >"$log" 2>&1 || status=1
-    grep -E '^[a-z][a-z ]*: [0-9].*' "$log" | tee -a "$root/build/check/counts" || true
+    sed -nE "s/^([0-9]+: )?([a-z ]+: [0-9].*)/[$name] \\2/p" "$log" | tee -a "$root/build/check/counts"
     if ((status)); then
         tail -n 30 "$log" >&2
         warn "failed: $name; the whole log: $log"
@@ -36,18 +35,21 @@ check_asan() { test_targets 1 asan; }
 check_tsan() { test_targets 1 tsan; }
 
 check_faults() {
-    build_target linux fl_i18n_fault_sweep && counted faults "$root/build/linux/bin/fl_i18n_fault_sweep"
+    local sweep=$root/build/linux/bin/fl_i18n_fault_sweep
+    build_target linux fl_i18n_fault_sweep || return 1
+    side_by_side counted allocation_faults "$sweep" allocations -- counted file_faults "$sweep" files truncations
+}
+
+# The processes of a test of first use, more than the test takes by itself.
+first_uses() { # TARGET COUNT
+    run_as "$1" env FL_I18N_PROCESSES="$2" ctest --test-dir "$root/build/$1" -R '^first_use$' -V --no-tests=error
 }
 
 check_threads() {
-    local linux=$root/build/tsan/bin windows=$root/build/windows/bin
-    local many=$root/tests/threads/many_processes.sh
     build_target tsan && build_target windows || return 1
-    counted first_use run_as tsan bash "$many" "first use" 500 \
-        "$linux/fl_i18n_first_use" -- "$linux/fl_i18n_test_module.so" || return 1
-    counted first_use_windows bash "$many" "first use under Wine" 300 "$root/tools/dev/wine.sh" \
-        "$windows/fl_i18n_first_use.exe" -- "$windows/fl_i18n_test_module.dll" || return 1
-    counted thread_mix run_as tsan "$linux/fl_i18n_thread_mix" 300
+    counted first_use_tsan first_uses tsan 500 || return 1
+    counted first_use_windows first_uses windows 300 || return 1
+    counted thread_mix_tsan run_as tsan "$root/build/tsan/bin/fl_i18n_thread_mix" 300
 }
 
 check_fuzz() {
@@ -65,7 +67,7 @@ check_valgrind() {
 
 check_soak() {
     build_target linux fl_i18n_soak && build_target windows fl_i18n_soak || return 1
-    side_by_side counted soak "$root/build/linux/bin/fl_i18n_soak" -- \
+    side_by_side counted soak_linux "$root/build/linux/bin/fl_i18n_soak" -- \
         counted soak_windows "$root/tools/dev/wine.sh" "$root/build/windows/bin/fl_i18n_soak.exe"
 }
 
@@ -79,13 +81,14 @@ command_check() {
     prepare_dependencies
     need_packages "${test_packages[@]}"
     prepare_message_files
-    rm -f "$root/build/check/counts"
+    mkdir -p "$root/build/check"
+    : >"$root/build/check/counts"
     for stage in "${stages[@]}"; do
         timed "[check] $stage" "check_$stage" || failed+=("$stage")
     done
     for stage in "${!counts[@]}"; do
         say "$stage: ${counts[$stage]}"
     done
-    cat "$root/build/check/counts" 2>/dev/null || true
+    cat "$root/build/check/counts"
     ((${#failed[@]} == 0)) || die "these checks failed: ${failed[*]}"
 }

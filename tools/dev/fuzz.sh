@@ -63,12 +63,13 @@ store_inputs() { # TARGET...
 }
 
 command_fuzz() {
-    local minutes=10 store='' targets=()
+    local minutes=10 seconds='' store='' targets=()
     while (($#)); do
         case $1 in
         --minutes) [[ ${2:-} == [1-9]*([0-9]) ]] || die "--minutes takes a number"; minutes=$2; shift ;;
+        --seconds) [[ ${2:-} == [1-9]*([0-9]) ]] || die "--seconds takes a number"; seconds=$2; shift ;;
         --store) store=yes ;;
-        -*) die "usage: ./dev fuzz [--minutes N] [--store] [TARGET]..." ;;
+        -*) die "usage: ./dev fuzz [--minutes N | --seconds N] [--store] [TARGET]..." ;;
         *) targets+=("$1") ;;
         esac
         shift
@@ -76,11 +77,11 @@ command_fuzz() {
     prepare_target fuzz
     build_target fuzz fl_i18n_fuzzers || die "building fuzz failed"
     ((${#targets[@]})) || mapfile -t targets < <(fuzz_targets)
-    local target seconds
+    local target
     for target in "${targets[@]}"; do
         [[ -x $root/build/fuzz/bin/fl_i18n_fuzz_$target ]] || die "unknown fuzz target: $target"
     done
-    seconds=$((minutes * 60 * (jobs < ${#targets[@]} ? jobs : ${#targets[@]}) / ${#targets[@]}))
+    : "${seconds:=$((minutes * 60 * (jobs < ${#targets[@]} ? jobs : ${#targets[@]}) / ${#targets[@]}))}"
     say "[fuzz] ${#targets[@]} targets, $seconds s each; findings go to build/fuzz/findings"
     run_fuzzers "$seconds" "${targets[@]}" || die "there are findings; store each as a file of tests/fuzz/regressions/TARGET"
     [[ -z $store ]] || store_inputs "${targets[@]}"
