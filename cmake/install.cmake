@@ -54,7 +54,7 @@ if(FL_I18N_BUILD_TOOL)
     install(FILES tools/completion/fl-i18n.bash DESTINATION ${completions_folder} RENAME fl-i18n COMPONENT tool)
 endif()
 set(document_folder ${CMAKE_INSTALL_DATADIR}/doc/fl_i18n)
-install(FILES README.md DESTINATION ${document_folder} COMPONENT documentation)
+install(FILES README.md SECURITY.md DESTINATION ${document_folder} COMPONENT documentation)
 install(DIRECTORY docs/ DESTINATION ${document_folder}/docs COMPONENT documentation
     FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN man EXCLUDE)
 install(FILES examples/README.md DESTINATION ${document_folder}/examples COMPONENT documentation)
