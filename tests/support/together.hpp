@@ -1,20 +1,56 @@
 #pragma once
 
 #include <atomic>
+#include <condition_variable>
 #include <cstddef>
 #include <exception>
+#include <functional>
 #include <iostream>
-#include <latch>
+#include <mutex>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace fl::test {
 
+/// Where threads wait for each other, any number of times.
+///
+/// `std::latch` and `std::barrier` of GCC 12 lose wakeups where the system has no futex, so on Windows a
+/// thread may wait there for ever.
+class meeting_point {
+public:
+    /// The last of `count` threads to arrive calls `before_leaving`.
+    explicit meeting_point(
+        std::size_t count, std::function<void()> before_leaving = [] {})
+        : count_(count)
+        , before_leaving_(std::move(before_leaving)) {}
+
+    void arrive_and_wait() {
+        std::unique_lock lock(mutex_);
+        if (++arrived_ == count_) {
+            before_leaving_();
+            arrived_ = 0;
+            ++meetings_;
+            all_arrived_.notify_all();
+        } else {
+            all_arrived_.wait(lock, [this, before = meetings_] { return meetings_ != before; });
+        }
+    }
+
+private:
+    std::size_t const count_;
+    std::function<void()> const before_leaving_;
+    std::mutex mutex_;
+    std::condition_variable all_arrived_;
+    std::size_t arrived_ = 0;
+    std::size_t meetings_ = 0;
+};
+
 /// Calls `action` with 0 to `count` - 1, each on a thread of its own, all released at once.
 template <class Action>
 void run_together(std::size_t count, Action action) {
-    std::latch start(static_cast<std::ptrdiff_t>(count));
+    meeting_point start(count);
     std::vector<std::thread> threads;
     for (std::size_t i = 0; i < count; ++i) {
         threads.emplace_back([&, i] {

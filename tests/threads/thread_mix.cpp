@@ -6,7 +6,6 @@
 
 #include <array>
 #include <atomic>
-#include <barrier>
 #include <cctype>
 #include <chrono>
 #include <fl/filesystem/file.hpp>
@@ -302,7 +301,7 @@ int main(int count, char ** arguments) {
     auto const end = std::chrono::steady_clock::now() + duration;
     bool running = true;
     unsigned rounds = 0;
-    std::barrier pause(thread_count, [&]() noexcept {
+    test::meeting_point pause(thread_count, [&] {
         if (++rounds % 10 == 0) {
             flush_catalogs();
         }
