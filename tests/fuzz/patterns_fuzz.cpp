@@ -10,11 +10,12 @@
 #include <fl/i18n/limits.hpp>
 #include <fl/i18n/message_catalog.hpp>
 #include <limits>
+#include <memory>
 #include <optional>
-#include <regex>
 #include <string>
 #include <unicode/messagepattern.h>
 #include <unicode/msgfmt.h>
+#include <unicode/regex.h>
 #include <vector>
 
 namespace {
@@ -126,9 +127,11 @@ struct reading {
 
 /// Tells whether a style has a great power of ten in a skeleton.
 bool has_great_number(icu::UnicodeString const & style) {
-    static std::regex const great("(scale|precision-increment)/[-+.0-9eE]*[eE][-+]?0*[1-9][0-9]{3}");
-    std::string text;
-    return std::regex_search(style.toUTF8String(text), great);
+    UErrorCode status = U_ZERO_ERROR;
+    static std::unique_ptr<icu::RegexPattern> const great(icu::RegexPattern::compile(
+        u"(scale|precision-increment)/[-+.0-9eE]*[eE][-+]?0*[1-9][0-9]{3}", 0, status));
+    std::unique_ptr<icu::RegexMatcher> const matcher(great->matcher(style, status));
+    return matcher->find();
 }
 
 reading read_by_icu(ustring const & message, std::int32_t number) {
