@@ -12,7 +12,6 @@
 #include "tests/fuzz/fuzz.hpp"
 
 #include <algorithm>
-#include <cstring>
 #include <fl/i18n/codecvt.hpp>
 #include <fl/i18n/locale.hpp>
 #include <fl/i18n/ustring.hpp>
@@ -236,11 +235,11 @@ void check(encoding_row const & row, choices const & chosen, std::string_view re
     std::basic_string<from> source;
     if (chosen.direction & 2) {
         std::basic_string<typename Direction::to> other(rest.size() / sizeof(typename Direction::to), 0);
-        std::memcpy(other.data(), rest.data(), other.size() * sizeof other[0]);
+        rest.copy(reinterpret_cast<char *>(other.data()), other.size() * sizeof other[0]);
         source = Direction::other::expected(open(row.icu_name).get(), other).text;
     } else {
         source.resize(rest.size() / sizeof(from));
-        std::memcpy(source.data(), rest.data(), source.size() * sizeof(from));
+        rest.copy(reinterpret_cast<char *>(source.data()), source.size() * sizeof(from));
     }
     auto const once = source;
     // Few texts are so long that they are converted in more pieces than one.
