@@ -95,6 +95,8 @@ scenario initialise_with_many() {
     for (unsigned i = 0; i < critical_catalogs; ++i) {
         ids.push_back("app:critical" + std::to_string(i));
     }
+    // Cached behind the others, for which the table has to grow, under a key with memory of its own.
+    ids.push_back(long_catalog);
     return {
         "initialise with critical catalogs", initialise_with(ids), {"Incorrect Message Root Set"}, {}, true};
 }

@@ -15,6 +15,7 @@ namespace {
 
 constexpr char no_parser[] =
     "QzLocaleCtx::initLocaleMgmt::parseLcData - Failed to create the parser for the XML locale database.";
+constexpr char not_well_formed[] = "QzLocaleCtx::initLocaleMgmt::parseLcData - invalid XML locale database.";
 
 /// Returns a scenario of the start-up with a database, whose whole outcome is the answer. A database that
 /// cannot be read is no failure, but an event.
@@ -31,8 +32,13 @@ scenario start_up(char const * name, char16_t const * database) {
             lcmgmt::QzLocaleCtx const context(inputs);
             done();
             auto const events = context.events();
-            bool const has_parser = std::find(events.begin(), events.end(), no_parser) == events.end();
-            std::string text = (has_parser ? "status " : "failed to create the parser, ") +
+            auto const tells = [&](char const * event) {
+                return std::find(events.begin(), events.end(), event) != events.end();
+            };
+            // The document is a good one, whatever happens when it is read.
+            std::string text = (tells(no_parser)         ? "failed to create the parser, "
+                                : tells(not_well_formed) ? "malformed, "
+                                                         : "status ") +
                                std::to_string(context.status()) + ' ' + context.global().getXpgName() + ' ' +
                                context.system().getLcName(LcCategory::messages);
             for (auto const & event : events) {
