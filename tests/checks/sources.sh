@@ -3,7 +3,7 @@
 # Usage: sources.sh SOURCE-DIRECTORY COMPILE-COMMANDS
 set -euo pipefail
 
-commands=$(grep '"command": ' "$2" | grep -F " -c $1/" | grep -vE ' -c [^ ]*/(build|bench/peers)/') || true
+commands=$(grep '"command": ' "$2" | grep -F " -c $1/" | grep -vE " -c $1/(build|bench/peers)/") || true
 lenient=$(grep -vE ' -Wall .* -Werror ' <<<"$commands" | sed 's/.* -c //') || true
 hosts=$(cd "$1" && grep -rIhoE --exclude-dir={build,.git} 'https?://[A-Za-z0-9.-]+' . | sort -u |
     grep -vE '^https?://(relaxng\.org|schemas\.microsoft\.com|www\.w3\.org|json\.schemastore\.org)$') || true
