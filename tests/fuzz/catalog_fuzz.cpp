@@ -3,6 +3,10 @@
 #include "catalogs/catalog_map_event_handler.hpp"
 #include "tests/fuzz/catalogs.hpp"
 
+#include <fl/i18n/limits.hpp>
+
+// Without it the header of Expat hides the protection against entities that grow.
+#define XML_DTD 1
 #include <expat.h>
 
 namespace {
@@ -13,6 +17,8 @@ using namespace fl;
 class reference {
 public:
     explicit reference(std::string_view document) {
+        XML_SetBillionLaughsAttackProtectionActivationThreshold(parser_.get(),
+                                                                i18n::limits::free_entity_bytes);
         XML_SetUserData(parser_.get(), this);
         XML_SetElementHandler(
             parser_.get(),

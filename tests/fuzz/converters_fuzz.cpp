@@ -107,6 +107,7 @@ struct to_unicode : to_unicode_direction {
     static outcome<to> expected(UConverter * converter, std::string_view text) {
         return decoded_by_icu(converter, text);
     }
+    static bool depends_on_calls(encoding_row const &, std::string_view) { return false; }
     static ustring convert_with(std::string const & text, converter_type const & converter) {
         return to_ustring(text, converter);
     }
@@ -144,6 +145,11 @@ struct from_unicode : from_unicode_direction {
     }
     static outcome<to> expected(UConverter * converter, std::u16string_view text) {
         return encoded_by_icu(converter, text, 40);
+    }
+    /// Some encodings have two substitutes; which of them a character gets depends on earlier calls too.
+    static bool depends_on_calls(encoding_row const & row, std::u16string_view text) {
+        auto const strict = make_by_icu(row, 1, {});
+        return ucnv_getType(strict.get()) == UCNV_MBCS && expected(strict.get(), text).excp != 0;
     }
     static std::string convert_with(ustring const & text, converter_type const & converter) {
         return to_string(text, converter);
@@ -215,12 +221,14 @@ void check(encoding_row const & row, choices const & chosen,
     }
     same(expected, "a conversion after others", [&] { return moved.convert(source.data(), source.size()); });
 
-    auto const own = Direction::make_by_icu(row, mode, substitution);
-    driver_limits const limits{
-        {1 + chosen.output % 64u, 1 + chosen.output % 7u}, 1 + chosen.chunk % 16u, 1 + chosen.piece % 4u};
-    same(expected, "a conversion piece by piece", [&] {
-        return run_driver<typename Direction::direction>(own.get(), source.data(), source.size(), limits);
-    });
+    if (!Direction::depends_on_calls(row, source)) {
+        auto const own = Direction::make_by_icu(row, mode, substitution);
+        driver_limits const limits{
+            {1 + chosen.output % 64u, 1 + chosen.output % 7u}, 1 + chosen.chunk % 16u, 1 + chosen.piece % 4u};
+        same(expected, "a conversion piece by piece", [&] {
+            return run_driver<typename Direction::direction>(own.get(), source.data(), source.size(), limits);
+        });
+    }
 
     if (row.icu_name == process_encoding && modes[mode] == call_back_default) {
         same(expected, "a conversion by the process encoding", [&] { return Direction::by_process(text); });

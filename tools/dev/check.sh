@@ -46,10 +46,12 @@ first_uses() { # TARGET COUNT
 }
 
 check_threads() {
+    local status=0
     build_target tsan && build_target windows || return 1
-    counted first_use_tsan first_uses tsan 500 || return 1
-    counted first_use_windows first_uses windows 300 || return 1
-    counted thread_mix_tsan run_as tsan "$root/build/tsan/bin/fl_i18n_thread_mix" 300
+    counted first_use_tsan first_uses tsan 500 || status=1
+    counted first_use_windows first_uses windows 300 || status=1
+    counted thread_mix_tsan run_as tsan "$root/build/tsan/bin/fl_i18n_thread_mix" 300 || status=1
+    return "$status"
 }
 
 check_fuzz() {
