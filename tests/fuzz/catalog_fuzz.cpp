@@ -60,7 +60,7 @@ private:
 
     void characters(std::string_view text) {
         if (!stopped_ && !key_.empty()) {
-            content_ += text;
+            content_.emplace_back(text);
         }
     }
 
@@ -72,7 +72,7 @@ private:
             stop();
             return;
         }
-        texts.try_emplace(key_, fuzz::text_of_content(content_));
+        texts.try_emplace(key_, fuzz::text_of_pieces(content_));
         key_.clear();
         content_.clear();
     }
@@ -86,7 +86,7 @@ private:
         XML_ParserCreate(nullptr), XML_ParserFree};
     std::string_view place_;
     std::string key_;
-    std::string content_;
+    std::vector<std::string> content_;
     bool stopped_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include "tests/fuzz/documents.hpp"
 #include "tests/fuzz/fuzz.hpp"
 
+#include <algorithm>
 #include <map>
 #include <string>
 #include <string_view>
@@ -14,14 +15,20 @@ namespace fl::fuzz {
 
 using catalog_texts = std::map<std::string, std::u16string>;
 
-/// Returns the text that a catalog holds for the content of an entry: its lines, without blank ones and the
-/// white space around each, with one blank between them; then its escapes are replaced.
-inline std::u16string text_of_content(std::string_view content) {
+/// Returns the text that a catalog holds for the content of an entry, in the pieces that Expat gives: a line
+/// ends with a piece that has a line break, wherever in it. The lines are joined without blank ones and the
+/// white space around each, with one blank between them; then the escapes are replaced.
+inline std::u16string text_of_pieces(std::vector<std::string> const & pieces) {
     constexpr std::string_view white_space = " \t\v\n\r\f";
+    std::vector<std::string> lines(1);
+    for (std::string const & piece : pieces) {
+        lines.back() += piece;
+        if (piece.find_first_of("\n\r\f") != piece.npos) {
+            lines.emplace_back();
+        }
+    }
     std::string joined;
-    while (!content.empty()) {
-        std::string_view line = content.substr(0, content.find_first_of("\n\r\f"));
-        content.remove_prefix(std::min(line.size() + 1, content.size()));
+    for (std::string_view line : lines) {
         line.remove_prefix(std::min(line.find_first_not_of(white_space), line.size()));
         line = line.substr(0, line.find_last_not_of(white_space) + 1);
         if (!line.empty()) {
@@ -30,6 +37,16 @@ inline std::u16string text_of_content(std::string_view content) {
     }
     auto const text = icu::UnicodeString::fromUTF8(joined).unescape();
     return {text.getBuffer(), static_cast<std::size_t>(text.length())};
+}
+
+/// Returns the text for a content whose line breaks are pieces of their own, as they are outside entities.
+inline std::u16string text_of_content(std::string_view content) {
+    std::vector<std::string> pieces;
+    while (!content.empty()) {
+        pieces.emplace_back(content.substr(0, std::max<std::size_t>(content.find_first_of("\n\r\f"), 1)));
+        content.remove_prefix(pieces.back().size());
+    }
+    return text_of_pieces(pieces);
 }
 
 /// Requires that a store holds exactly some texts, and tells so for any key.

@@ -1,12 +1,13 @@
 # shellcheck shell=bash
 # Fuzzing: the targets of tests/fuzz, driven by libFuzzer under the address and undefined-behaviour sanitizers.
 
-# Runs one target for some time over what it found before and the stored inputs; adds to executions and findings.
+# Runs one target for some time over what it found before and the stored inputs. With a fuzz_seed the search begins
+# the same each time.
 fuzz_one() { # TARGET SECONDS
     local target=$1 folder=$root/build/fuzz status=0
-    local log=$folder/logs/$target.log options=() stored=()
+    local log=$folder/logs/$target.log stored=() options=(${fuzz_seed:+"-seed=$fuzz_seed"})
     mkdir -p "$folder"/{logs,"corpus/$target","findings/$target"}
-    [[ ! -f $root/tests/fuzz/$target.dict ]] || options=("-dict=$root/tests/fuzz/$target.dict")
+    [[ ! -f $root/tests/fuzz/$target.dict ]] || options+=("-dict=$root/tests/fuzz/$target.dict")
     for kind in corpus regressions; do
         [[ ! -d $root/tests/fuzz/$kind/$target ]] || stored+=("$root/tests/fuzz/$kind/$target")
     done
