@@ -52,8 +52,8 @@ struct block {
 /// Nothing when reading fails.
 using block_source = std::function<std::optional<block>()>;
 
-/// Reads a document. How it is cut into blocks makes no difference, if only the first two bytes are together:
-/// they tell the encoding.
+/// Reads a document. How it is cut into blocks makes no difference, if only the first two bytes are together,
+/// which tell the encoding; but which error what stands behind the root is depends on it.
 ///
 /// `forced_encoding` overrides what the document declares; null honours the declaration and the byte-order
 /// mark. Throws `std::bad_alloc` also when the parser has no memory to go on.

@@ -1,12 +1,40 @@
 #pragma once
 
 #include "foundation/xml_reader.hpp"
+#include "tests/fuzz/fuzz.hpp"
 
 #include <algorithm>
+#include <fl/i18n/limits.hpp>
+#include <memory>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
+// Without it the header of Expat hides the protection against entities that grow.
+#define XML_DTD 1
+#include <expat.h>
+
 namespace fl::fuzz {
+
+using parser_handle = std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)>;
+
+/// Makes a parser with the limit of entities.
+inline parser_handle make_parser(char const * forced_encoding) {
+    parser_handle parser(XML_ParserCreate(forced_encoding), XML_ParserFree);
+    XML_SetBillionLaughsAttackProtectionActivationThreshold(parser.get(), i18n::limits::free_entity_bytes);
+    return parser;
+}
+
+/// Requires that two readings of a document have ended alike. Of what stands behind the root, Expat tells by
+/// the cuts whether it is no token or only misplaced.
+inline void require_same_end(xml::read_result const & one, xml::read_result const & other) {
+    require(one.status == other.status, "whether a document is well-formed");
+    int const misplaced = XML_ERROR_JUNK_AFTER_DOC_ELEMENT;
+    if (one.error_code != misplaced && other.error_code != misplaced) {
+        require(one.error_code == other.error_code, "what is wrong with a document");
+        require(one.line == other.line && one.column == other.column, "where a document is wrong");
+    }
+}
 
 /// Cuts a document into blocks, each in memory of exactly its size. The bytes of the plan are their sizes, in
 /// turn until the end; a plan of an odd size puts an empty block there.

@@ -8,13 +8,10 @@
 #include "tests/fuzz/fuzz.hpp"
 #include "tests/fuzz/names.hpp"
 
-#include <expat.h>
 #include <map>
-#include <memory>
 #include <optional>
 #include <set>
 #include <string>
-#include <type_traits>
 
 namespace {
 
@@ -236,8 +233,7 @@ private:
         XML_StopParser(parser_.get(), XML_FALSE);
     }
 
-    std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> parser_{
-        XML_ParserCreate("UTF-8"), XML_ParserFree};
+    fuzz::parser_handle parser_ = fuzz::make_parser("UTF-8");
     std::vector<std::string> open_;
     std::string locale_;
     std::string encoding_;
@@ -350,10 +346,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t siz
     lc_tables tables;
     event_log log;
     xml::read_result const result = read_lcdata(LcData(tables, log), fuzz::cut(document, plan));
-    fuzz::require(result.status == expected.result.status && result.error_code == expected.result.error_code,
-                  "whether a database is well-formed");
-    fuzz::require(result.line == expected.result.line && result.column == expected.result.column,
-                  "where a database is wrong");
+    fuzz::require_same_end(result, expected.result);
     fuzz::require(log.entries().size() == expected.tables.refused, "how many changes are refused");
     for (std::string const & name : expected.values) {
         require_answers(tables, expected.tables, name);
