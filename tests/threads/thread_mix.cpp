@@ -310,12 +310,13 @@ int main(int count, char ** arguments) {
     test::run_together(thread_count, [&](std::size_t number) {
         thread_state thread{static_cast<unsigned>(number),
                             std::minstd_rand(seed + static_cast<unsigned>(number))};
-        for (; running; ++thread.round) {
+        while (running) {
             for (int i = 0; i < operations_in_a_round; ++i) {
                 subject const & s = *choices[thread.choose(choices.size())];
                 wrong.look_at(s.name, [&] { return s.has_allowed_answers(thread); });
             }
             operations += operations_in_a_round;
+            ++thread.round;
             pause.arrive_and_wait();
         }
     });
