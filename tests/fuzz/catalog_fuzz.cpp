@@ -98,7 +98,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t siz
     i18n::XMLCatalogDataStore store;
     i18n::MessageCatalogExpatEventHandler handler(store);
     xml::read_result const result = parse_document(fuzz::cut(document, plan), handler);
-    fuzz::require_same_end(result, expected.result);
+    fuzz::require_same_end(result, expected.result, document);
     fuzz::require_texts(store, expected.texts, plan);
     i18n::message_pool pool;
     store.seal(pool);

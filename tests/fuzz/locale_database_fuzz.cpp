@@ -346,7 +346,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t siz
     lc_tables tables;
     event_log log;
     xml::read_result const result = read_lcdata(LcData(tables, log), fuzz::cut(document, plan));
-    fuzz::require_same_end(result, expected.result);
+    fuzz::require_same_end(result, expected.result, document);
     fuzz::require(log.entries().size() == expected.tables.refused, "how many changes are refused");
     for (std::string const & name : expected.values) {
         require_answers(tables, expected.tables, name);
