@@ -13,7 +13,7 @@ measure_coverage() { # PROFILES
     done
     llvm-profdata merge -sparse "$1"/*.profraw -o "$1/all.profdata" || return 1
     llvm-cov report "${objects[@]}" -instr-profile "$1/all.profdata" \
-        -ignore-filename-regex='/(tests|build|examples|bench)/|^/usr/|/deps/' 2>"$1/warnings.txt"
+        -ignore-filename-regex='/(tests|examples|bench|deps)/|^/usr/' 2>"$1/warnings.txt"
 }
 
 # Sums the report by folder and tells whether the shares are reached.
@@ -26,7 +26,7 @@ sum_coverage() { # REPORT
         }
         function add(name) { l[name] += $8; lm[name] += $9; b[name] += $11; bm[name] += $12 }
         NF == 13 && $1 ~ /\.[ch]pp$/ {
-            file = $1; sub(root, "", file); folder = file; sub(/\/.*/, "", folder)
+            file = $1; sub(root, "", file); sub(/^.*\.\.\//, "", file); folder = file; sub(/\/.*/, "", folder)
             if (!(folder in l)) folders[++count] = folder
             add(folder); add("all"); if (folder != "tools") add("library")
         }
