@@ -26,16 +26,23 @@ inline parser_handle make_parser(char const * forced_encoding) {
 }
 
 /// Requires that two readings of a document have ended alike. Of what stands behind the root, Expat tells by
-/// the cuts whether it is no token or only misplaced; and it counts the columns before a declared encoding by
-/// what it has taken for the encoding until then.
+/// the cuts whether it is no token or only misplaced; and it counts the columns in the line of a declared
+/// encoding by what it has taken for the encoding until then.
 inline void require_same_end(xml::read_result const & one, xml::read_result const & other,
                              std::string_view document) {
     require(one.status == other.status, "whether a document is well-formed");
-    int const misplaced = XML_ERROR_JUNK_AFTER_DOC_ELEMENT;
-    if (one.error_code != misplaced && other.error_code != misplaced) {
-        require(one.error_code == other.error_code, "what is wrong with a document");
-        bool const has_encoding = document.find("encoding") != document.npos;
-        require(one.line == other.line && (has_encoding || one.column == other.column),
+    auto const has = [&](int code) { return one.error_code == code || other.error_code == code; };
+    if (one.error_code != other.error_code) {
+        require(has(XML_ERROR_JUNK_AFTER_DOC_ELEMENT) &&
+                    (has(XML_ERROR_INVALID_TOKEN) || has(XML_ERROR_UNCLOSED_TOKEN) ||
+                     has(XML_ERROR_PARTIAL_CHAR)),
+                "what is wrong with a document");
+    } else if (!has(XML_ERROR_JUNK_AFTER_DOC_ELEMENT)) {
+        std::string_view const declaration = document.substr(0, document.find("?>"));
+        bool const has_encoding = declaration.find("encoding") != declaration.npos;
+        auto const lines = 1 + std::count(declaration.begin(), declaration.end(), '\n');
+        bool const is_declared_there = has_encoding && one.line <= static_cast<unsigned long>(lines);
+        require(one.line == other.line && (is_declared_there || one.column == other.column),
                 "where a document is wrong");
     }
 }
